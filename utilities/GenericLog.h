@@ -145,7 +145,7 @@ typedef GenericLog<TypeList<StdIoLogTrait, TypeList<AndroidLogTrait<false>, deta
                 ::tessel::utilities::Logger::Stream<::tessel::utilities::details::Level::Fatal>   \
                     tesselAssertStream("TESSEL");                                                 \
                 tesselAssertStream << __FILE__ << ":" << __LINE__ << ": Assertion " #cond         \
-                                   << " failed: " << message;                                     \
+                                   << " failed: " << message; /* NOLINT(bugprone-macro-parentheses) */ \
             }                                                                                     \
             ::abort();                                                                            \
         }                                                                                         \

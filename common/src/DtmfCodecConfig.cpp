@@ -13,10 +13,7 @@ DtmfCodecConfig::DtmfCodecConfig()
 
 DtmfCodecConfig::DtmfCodecConfig(const DtmfCodecConfig& other) = default;
 
-DtmfCodecConfig& DtmfCodecConfig::operator=(const DtmfCodecConfig& other) {
-    CodecConfig::operator=(other);
-    return *this;
-}
+DtmfCodecConfig& DtmfCodecConfig::operator=(const DtmfCodecConfig& other) = default;
 
 DtmfCodecConfig::~DtmfCodecConfig() = default;
 

@@ -186,7 +186,7 @@ StreamConfig::Result StreamConfig::addCodec(CodecConfigList& list, const CodecCo
     std::unique_ptr<CodecConfig> copy(codec.clone());
     Result result = list.add(copy.get());
     if (result.isSuccess()) {
-        copy.release();  // now owned by the list
+        static_cast<void>(copy.release());  // now owned by the list
     }
     return result;
 }

@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Runs clang-tidy (checks in .clang-tidy, every finding an error) over the library sources.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+. scripts/deps.sh
+require_packages "${BUILD_PACKAGES[@]}" clang-tidy
+
+build=${BUILD_DIR:-build/tidy}
+cmake -S . -B "$build" -DRVA_BUILD_TESTS=OFF -DRVA_BUILD_EXAMPLES=OFF >/dev/null
+status=0
+for source in common/src/*.cpp; do
+    clang-tidy -p "$build" --quiet "$source" 2>/dev/null || status=1
+done
+[ "$status" -eq 0 ] && echo "clang-tidy: $(ls common/src/*.cpp | wc -l) sources clean"
+exit "$status"

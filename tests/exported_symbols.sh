@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Fails when librvacommon.so exports a symbol outside the tessel:: API (compiler- and
+# sanitizer-generated "__" names aside), or lacks one that callers rely on.
+set -euo pipefail
+library=$1
+symbols=$(nm -D --defined-only "$library" | awk '{ $1 = ""; $2 = ""; sub(/^ +/, ""); print }' | c++filt)
+
+stray=$(printf '%s\n' "$symbols" |
+    grep -v -E '^((typeinfo|typeinfo name|vtable|VTT|guard variable) for )?tessel::' |
+    grep -v -E '^__' || true)
+if [ -n "$stray" ]; then
+    echo "Exported outside the tessel:: API:"
+    printf '%s\n' "$stray"
+    exit 1
+fi
+
+for required in \
+    'tessel::rva::RtcpConfig::disabledRtcpConfig' \
+    'tessel::rva::Dtmf::_dtmfCharMap' \
+    'tessel::rva::BandTypeConverter::mNb' \
+    'tessel::rva::StreamConfig::DEFAULT_REMOTE_IP' \
+    'tessel::rva::AmrCodecConfig::DEFAULT_PAYLOAD_TYPE' \
+    'tessel::rva::StreamConfig::check() const' \
+    'tessel::rva::AmrCodecConfig::AmrRatePreferenceComparator<(tessel::rva::BandType)0>::operator()' \
+    'tessel::rva::common::MonotonicClock::getTime()' \
+    'typeinfo for tessel::rva::AmrCodecConfig' \
+    'vtable for tessel::rva::StreamCapabilities'; do
+    if ! printf '%s\n' "$symbols" | grep -q -F "$required"; then
+        echo "Not exported: $required"
+        exit 1
+    fi
+done
+echo "$(printf '%s\n' "$symbols" | wc -l) exported symbols, all in tessel::"
