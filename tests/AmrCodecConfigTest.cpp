@@ -167,6 +167,24 @@ TEST(AmrCodecConfigTest, CopiesAndClonesHoldEveryFieldAndAreIndependent) {
     EXPECT_EQ(text, source.toString());
 }
 
+// A DTMF object given the AMR codec id, band and payload type through the base
+// assignment is never read as an AMR configuration; a derived AMR one compares both ways.
+TEST(AmrCodecConfigTest, EqualityNeverReadsAnotherCodecTypeAsAmr) {
+    struct DerivedAmr : AmrCodecConfig {
+        CodecConfig* clone() const override { return new DerivedAmr(*this); }
+    };
+    const AmrCodecConfig amr = withRates(BandTypeWb, {2});
+    DerivedAmr derived;
+    derived.addAmrRate(static_cast<AmrRate>(2));
+    EXPECT_TRUE(amr == derived);
+    EXPECT_TRUE(derived == amr);
+
+    DtmfCodecConfig relabelled;
+    static_cast<CodecConfig&>(relabelled) = amr;
+    EXPECT_EQ(tessel::rva::CodecIdAmr, relabelled.getCodecId());
+    EXPECT_FALSE(amr == relabelled);
+}
+
 void reverseRates(AmrCodecConfig& config) {
     const std::vector<AmrRate> held = config.getSupportedAmrRates();
     config.clearAmrRateVector();

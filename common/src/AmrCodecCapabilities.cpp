@@ -1,7 +1,6 @@
 #include "AmrCodecCapabilities.h"
 
 #include <algorithm>
-#include <typeinfo>
 
 namespace tessel {
 namespace rva {
@@ -52,10 +51,14 @@ CodecCapabilities* AmrCodecCapabilities::clone() const { return new AmrCodecCapa
 bool AmrCodecCapabilities::operator==(const CodecCapabilities& other) const {
     // Equal codec ids mean AMR capabilities, unless a base assignment rewrote the id of
     // another codec's object; such an object is never equal to this one.
-    if (!CodecCapabilities::operator==(other) || typeid(other) != typeid(AmrCodecCapabilities)) {
+    if (!CodecCapabilities::operator==(other)) {
         return false;
     }
-    const AmrCodecCapabilities& amr = static_cast<const AmrCodecCapabilities&>(other);
+    const AmrCodecCapabilities* const amrOther = dynamic_cast<const AmrCodecCapabilities*>(&other);
+    if (amrOther == nullptr) {
+        return false;
+    }
+    const AmrCodecCapabilities& amr = *amrOther;
     return mOctetAlignModeRequired == amr.mOctetAlignModeRequired && mDtxModeSupported == amr.mDtxModeSupported &&
            mRdcyModeSupported == amr.mRdcyModeSupported && mMaxSupportedRdcy == amr.mMaxSupportedRdcy &&
            mSupportedAmrRates == amr.mSupportedAmrRates &&

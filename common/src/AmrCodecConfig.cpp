@@ -2,7 +2,6 @@
 
 #include <set>
 #include <sstream>
-#include <typeinfo>
 
 #include "GenericLog.h"
 
@@ -173,10 +172,11 @@ bool AmrCodecConfig::operator==(const CodecConfig& other) const {
     }
     // Equal codec ids mean an AMR configuration, unless a base assignment rewrote the id
     // of another codec's object; such an object is never equal to this one.
-    if (typeid(other) != typeid(AmrCodecConfig)) {
+    const AmrCodecConfig* const amrOther = dynamic_cast<const AmrCodecConfig*>(&other);
+    if (amrOther == nullptr) {
         return false;
     }
-    const AmrCodecConfig& amr = static_cast<const AmrCodecConfig&>(other);
+    const AmrCodecConfig& amr = *amrOther;
     const bool equal = mOctetAlignEnabled == amr.mOctetAlignEnabled && mDtxModeEnabled == amr.mDtxModeEnabled &&
                        mRdcyEnabled == amr.mRdcyEnabled && mMaxRdcy == amr.mMaxRdcy &&
                        mCrcEnabled == amr.mCrcEnabled && mRobustSortingEnabled == amr.mRobustSortingEnabled &&
