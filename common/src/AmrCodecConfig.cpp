@@ -11,6 +11,7 @@ namespace rva {
 namespace {
 
 const AmrRate kAbsentRate = static_cast<AmrRate>(0xFFFFFFFF);
+const std::size_t kValidRateCount = AmrRate8 + 1;
 
 // Rates in order of preference, most preferred first.
 const AmrRate kNarrowBandPreference[] = {AmrRate7, AmrRate4, AmrRate2, AmrRate0,
@@ -124,6 +125,11 @@ AmrCodecConfig::Result AmrCodecConfig::addAmrRate(AmrRate rate) {
         return Result(InvalidParam) << "Bad amr rate: " << rate;
     }
     if (!containAmrRate(rate)) {
+        // Duplicates are refused, so the list never holds more than the nine valid rates:
+        // the first growth makes room for all of them and later additions never reallocate.
+        if (mAmrRates.size() == mAmrRates.capacity()) {
+            mAmrRates.reserve(kValidRateCount);
+        }
         mAmrRates.push_back(rate);
     }
     return Result::success();
@@ -150,17 +156,21 @@ AmrRate AmrCodecConfig::getPreferedAmrRate() const {
 }
 
 AmrCodecConfig::Result AmrCodecConfig::check() const {
+    // Every path returns this one named result, so that the base's result is built in the
+    // caller's return slot and never moved.
     Result result = CodecConfig::check();
     if (!result.isSuccess()) {
         return result;
     }
     if (mAmrRates.empty()) {
-        return Result(InvalidConfiguration) << "Amr rate list is empty.";
+        result = Result(InvalidConfiguration) << "Amr rate list is empty.";
+        return result;
     }
     for (unsigned long index = 0; index < mAmrRates.size(); ++index) {
         const AmrRate rate = mAmrRates[index];
         if (!isAmrRateValid(rate) || (rate == AmrRate8 && getBandType() == BandTypeNb)) {
-            return Result(InvalidConfiguration) << "Invalid rate: " << rate;
+            result = Result(InvalidConfiguration) << "Invalid rate: " << rate;
+            return result;
         }
     }
     return result;
