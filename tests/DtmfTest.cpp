@@ -6,32 +6,20 @@ namespace {
 
 using tessel::rva::Dtmf;
 
-TEST(DtmfTest, EachKeyCharacterMapsToItsEventCode) {
+TEST(DtmfTest, KeyCharactersMapToTheirEventCodesAndOthersLeaveTheKeyUntouched) {
     const char characters[] = "0123456789*#ABCD";
     for (int code = 0; code < 16; ++code) {
-        SCOPED_TRACE(characters[code]);
         Dtmf::Key key = static_cast<Dtmf::Key>(-1);
-        EXPECT_TRUE(Dtmf::getDtmfKeyFromChar(characters[code], key));
-        EXPECT_EQ(code, key);
+        EXPECT_TRUE(Dtmf::getDtmfKeyFromChar(characters[code], key)) << characters[code];
+        EXPECT_EQ(code, key) << characters[code];
     }
-    EXPECT_EQ(16U, Dtmf::_dtmfCharMap.size());
-    EXPECT_EQ(Dtmf::KeyStar, Dtmf::_dtmfCharMap.at('*'));
-    EXPECT_EQ(Dtmf::KeyD, Dtmf::_dtmfCharMap.at('D'));
-}
-
-TEST(DtmfTest, OtherCharactersLeaveTheKeyUntouched) {
-    for (char character : {'a', 'd', 'E', ' ', '\0', ',', 'p', '\xff'}) {
-        SCOPED_TRACE(static_cast<int>(character));
+    for (char character : {'a', 'd', 'E', ' ', '\0', ',', '\xff'}) {
         Dtmf::Key key = Dtmf::KeyHash;
-        EXPECT_FALSE(Dtmf::getDtmfKeyFromChar(character, key));
+        EXPECT_FALSE(Dtmf::getDtmfKeyFromChar(character, key)) << static_cast<int>(character);
         EXPECT_EQ(Dtmf::KeyHash, key);
     }
-}
-
-TEST(DtmfTest, RebuildingTheMapChangesNothing) {
-    std::map<char, Dtmf::Key>& again = Dtmf::initDtmfCharMap();
-    EXPECT_EQ(&Dtmf::_dtmfCharMap, &again);
-    EXPECT_EQ(16U, again.size());
+    EXPECT_EQ(&Dtmf::_dtmfCharMap, &Dtmf::initDtmfCharMap());  // rebuilding changes nothing
+    EXPECT_EQ(16U, Dtmf::_dtmfCharMap.size());
 }
 
 }  // namespace

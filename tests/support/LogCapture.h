@@ -9,23 +9,17 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 namespace rvatest {
 
-// Redirects standard error to a temporary file for its lifetime.
+// Redirects standard error to a temporary file until text() or destruction.
 class StderrCapture {
 public:
-    StderrCapture() {
-        std::fflush(stderr);
-        mSaved = dup(STDERR_FILENO);
-        mFile = std::tmpfile();
+    StderrCapture() : mSaved((std::fflush(stderr), dup(STDERR_FILENO))), mFile(std::tmpfile()) {
         dup2(fileno(mFile), STDERR_FILENO);
     }
-    StderrCapture(const StderrCapture&) = delete;
-    StderrCapture& operator=(const StderrCapture&) = delete;
     ~StderrCapture() {
         restore();
         std::fclose(mFile);
@@ -33,21 +27,17 @@ public:
 
     // Bytes written to standard error so far.
     static long written() {
-        std::fflush(stderr);
         struct stat info;
-        return fstat(STDERR_FILENO, &info) == 0 ? static_cast<long>(info.st_size) : -1;
+        return std::fflush(stderr) == 0 && fstat(STDERR_FILENO, &info) == 0 ? static_cast<long>(info.st_size) : -1;
     }
 
-    // Everything written since construction; stops the capture.
+    // Everything written since construction; ends the capture.
     std::string text() {
         restore();
-        std::string captured;
+        struct stat info;
+        std::string captured(fstat(fileno(mFile), &info) == 0 ? static_cast<size_t>(info.st_size) : 0, '\0');
         std::rewind(mFile);
-        char buffer[4096];
-        size_t count;
-        while ((count = std::fread(buffer, 1, sizeof buffer, mFile)) > 0) {
-            captured.append(buffer, count);
-        }
+        captured.resize(std::fread(&captured[0], 1, captured.size(), mFile));
         return captured;
     }
 
@@ -61,8 +51,8 @@ private:
         }
     }
 
-    int mSaved = -1;
-    std::FILE* mFile = nullptr;
+    int mSaved;
+    std::FILE* mFile;
 };
 
 struct AndroidRecord {
@@ -72,26 +62,20 @@ struct AndroidRecord {
     long stderrBytesBefore;  // standard-error size when the record was written
 };
 
-// Installs a liblog logger that keeps every record; restores liblog's host logger after.
+// Keeps every Android log record until destruction, then restores liblog's host logger.
 class AndroidLogCapture {
 public:
     AndroidLogCapture() {
-        records().clear();
-        __android_log_set_logger(&AndroidLogCapture::keep);
+        all().clear();
+        __android_log_set_logger([](const __android_logger_data* data, const char* message) {
+            all().push_back({data->priority, data->tag ? data->tag : "", message, StderrCapture::written()});
+        });
     }
-    AndroidLogCapture(const AndroidLogCapture&) = delete;
-    AndroidLogCapture& operator=(const AndroidLogCapture&) = delete;
     ~AndroidLogCapture() { __android_log_set_logger(__android_log_stderr_logger); }
 
-    const std::vector<AndroidRecord>& all() const { return records(); }
-
-private:
-    static std::vector<AndroidRecord>& records() {
-        static std::vector<AndroidRecord> kept;
-        return kept;
-    }
-    static void keep(const struct __android_logger_data* data, const char* message) {
-        records().push_back({data->priority, data->tag ? data->tag : "", message, StderrCapture::written()});
+    static std::vector<AndroidRecord>& all() {
+        static std::vector<AndroidRecord> records;
+        return records;
     }
 };
 

@@ -1,0 +1,46 @@
+// A concrete codec object that records its own deletion, so a test can prove that an
+// owner deletes every object exactly once, and in which order. Every object, clones made
+// by the library included, gets a fresh id.
+//
+//   typedef rvatest::Counted<DtmfCodecConfig, CodecConfig> CountedCodec;
+//   list.add(new CountedCodec);  ...  EXPECT_EQ(1, CountedCodec::deletionsOf(id));
+#ifndef TESSEL_RVA_TESTS_COUNTED_H
+#define TESSEL_RVA_TESTS_COUNTED_H
+
+#include <algorithm>
+#include <vector>
+
+namespace rvatest {
+
+template <typename Concrete, typename Interface>
+class Counted : public Concrete {
+public:
+    Counted() : mId(++lastId()) {}
+    Counted(const Counted& other) : Concrete(other), mId(++lastId()) {}
+    Counted& operator=(const Counted&) = delete;
+    ~Counted() override { deleted().push_back(mId); }
+    Interface* clone() const override { return new Counted(*this); }
+
+    // Id of the most recently made object.
+    static int& lastId() {
+        static int id = 0;
+        return id;
+    }
+    // Ids in order of deletion.
+    static std::vector<int>& deleted() {
+        static std::vector<int> ids;
+        return ids;
+    }
+    static long deletionsOf(int id) { return std::count(deleted().begin(), deleted().end(), id); }
+    // Id of `object` if it is a Counted one, 0 otherwise.
+    static int idOf(const Interface* object) {
+        const Counted* counted = dynamic_cast<const Counted*>(object);
+        return counted != nullptr ? counted->mId : 0;
+    }
+
+    const int mId;
+};
+
+}  // namespace rvatest
+
+#endif  // TESSEL_RVA_TESTS_COUNTED_H
