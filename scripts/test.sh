@@ -4,9 +4,9 @@
 #   ./scripts/test.sh              plain build
 #   ./scripts/test.sh --sanitize   library and tests under AddressSanitizer (leak checks on)
 #                                  and UndefinedBehaviorSanitizer, any report fatal
-#   ./scripts/test.sh --valgrind   the test program under valgrind memcheck: no error and no
-#                                  definitely lost byte (death tests, which abort on purpose,
-#                                  are left out)
+#   ./scripts/test.sh --valgrind   the test program, the example and the fuzz corpora under
+#                                  valgrind memcheck: no error and no definitely lost byte
+#                                  (death tests, which abort on purpose, are left out)
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/deps.sh
@@ -20,7 +20,9 @@ case "$mode" in
 esac
 require_packages "${BUILD_PACKAGES[@]}" "${TEST_PACKAGES[@]}"
 
-cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DRVA_BUILD_TESTS=ON -DRVA_BUILD_EXAMPLES=ON "${options[@]}"
+# The fuzz targets build against a replay driver here, so their seed corpora run as tests.
+cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DRVA_BUILD_TESTS=ON -DRVA_BUILD_EXAMPLES=ON \
+    -DRVA_BUILD_FUZZERS=ON "${options[@]}"
 cmake --build "$build" -j"$(nproc)"
 
 if [ "$mode" = --valgrind ]; then
@@ -28,6 +30,10 @@ if [ "$mode" = --valgrind ]; then
         "$build/tests/rvacommon_tests" --gtest_filter='-*DeathTest*' --gtest_brief=1
     valgrind --quiet --leak-check=full --errors-for-leak-kinds=definite --error-exitcode=1 \
         "$build/examples/rva_example" >/dev/null
+    for target in address_fuzzer operations_fuzzer; do
+        valgrind --quiet --leak-check=full --errors-for-leak-kinds=definite --error-exitcode=1 \
+            "$build/fuzz/$target" "fuzz/corpus/$target" >/dev/null 2>&1
+    done
     echo "valgrind: no errors, no definitely lost bytes"
 else
     ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=1} ctest --test-dir "$build" --output-on-failure -j"$(nproc)"
