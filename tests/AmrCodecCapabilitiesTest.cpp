@@ -1,10 +1,11 @@
+#include "AmrCodecCapabilities.h"
+
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
 #include <utility>
 
-#include "AmrCodecCapabilities.h"
 #include "DtmfCodecCapabilities.h"
 
 namespace {

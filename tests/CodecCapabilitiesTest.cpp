@@ -1,10 +1,11 @@
+#include "CodecCapabilities.h"
+
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <vector>
 
 #include "AmrCodecCapabilities.h"
-#include "CodecCapabilities.h"
 #include "DtmfCodecCapabilities.h"
 
 namespace {

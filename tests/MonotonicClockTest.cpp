@@ -40,8 +40,9 @@ TEST(MonotonicClockTest, ReadingsNeverDecreaseAndFollowTheMonotonicClock) {
 }
 
 TEST(MonotonicClockDeathTest, UnreadableClockIsFatal) {
-    const std::string expected = std::string("F/TESSEL common/src/MonotonicClock\\.cpp:[0-9]+: Assertion result == 0 failed: ") +
-                                 "clock_gettime failed 22 " + std::strerror(EINVAL) + " \\(Code 22\\)\n";
+    const std::string expected =
+        std::string("F/TESSEL common/src/MonotonicClock\\.cpp:[0-9]+: Assertion result == 0 failed: ") +
+        "clock_gettime failed 22 " + std::strerror(EINVAL) + " \\(Code 22\\)\n";
     EXPECT_DEATH(
         {
             failClock = true;

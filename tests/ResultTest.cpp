@@ -61,9 +61,8 @@ TEST(ResultTest, FoldingKeepsTheFirstFailureAndChainsTheRestInOrder) {
 
     EXPECT_EQ(InvalidParam, folded.getCode());
     EXPECT_EQ("A", folded.mMessage);
-    EXPECT_EQ(
-        "Invalid Param (Code 1002): A {ctx} && Invalid Configuration (Code 1003): B && Unknown error (Code 1001)",
-        folded.format());
+    EXPECT_EQ("Invalid Param (Code 1002): A {ctx} && Invalid Configuration (Code 1003): B && Unknown error (Code 1001)",
+              folded.format());
 
     // A chain folded into another failure flattens behind a single " && ".
     TestResult outer(UnknownError);

@@ -1,3 +1,5 @@
+#include "StreamCapabilities.h"
+
 #include <gtest/gtest.h>
 
 #include <set>
@@ -6,7 +8,6 @@
 #include "AmrCodecCapabilities.h"
 #include "Counted.h"
 #include "DtmfCodecCapabilities.h"
-#include "StreamCapabilities.h"
 
 namespace {
 

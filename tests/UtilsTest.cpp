@@ -21,10 +21,17 @@ TEST(UtilsTest, AcceptsUnprivilegedPortsAndNumericAddressesOnly) {
         bool v4;
         bool v6;
     } rows[] = {
-        {"192.168.0.1", true, false},   {"255.255.255.255", true, false}, {"::1", false, true},
-        {"::ffff:10.0.0.1", false, true}, {"", false, false},             {"localhost", false, false},
-        {"10.0.0", false, false},       {"256.0.0.1", false, false},      {"10.0.0.1:5060", false, false},
-        {"[::1]", false, false},        {" 10.0.0.1", false, false},
+        {"192.168.0.1", true, false},
+        {"255.255.255.255", true, false},
+        {"::1", false, true},
+        {"::ffff:10.0.0.1", false, true},
+        {"", false, false},
+        {"localhost", false, false},
+        {"10.0.0", false, false},
+        {"256.0.0.1", false, false},
+        {"10.0.0.1:5060", false, false},
+        {"[::1]", false, false},
+        {" 10.0.0.1", false, false},
         {std::string("10.0.0.1\0garbage", 16), true, false},  // read up to the first NUL
     };
     for (const auto& row : rows) {

@@ -138,17 +138,17 @@ typedef GenericLog<TypeList<StdIoLogTrait, TypeList<AndroidLogTrait<false>, deta
 // Fatal assertion: when `cond` is false, logs one line at level Fatal with tag "TESSEL",
 // "<file>:<line>: Assertion <cond> failed: <message>", then calls abort(). `message` is
 // a chain of stream insertions: TESSEL_ASSERT(p != NULL, "Codec " << i << " is null").
-#define TESSEL_ASSERT(cond, message)                                                              \
-    do {                                                                                          \
-        if (!(cond)) {                                                                            \
-            {                                                                                     \
-                ::tessel::utilities::Logger::Stream<::tessel::utilities::details::Level::Fatal>   \
-                    tesselAssertStream("TESSEL");                                                 \
-                tesselAssertStream << __FILE__ << ":" << __LINE__ << ": Assertion " #cond         \
-                                   << " failed: " << message; /* NOLINT(bugprone-macro-parentheses) */ \
-            }                                                                                     \
-            ::abort();                                                                            \
-        }                                                                                         \
+#define TESSEL_ASSERT(cond, message)                                                                                \
+    do {                                                                                                            \
+        if (!(cond)) {                                                                                              \
+            {                                                                                                       \
+                ::tessel::utilities::Logger::Stream<::tessel::utilities::details::Level::Fatal> tesselAssertStream( \
+                    "TESSEL");                                                                                      \
+                tesselAssertStream << __FILE__ << ":" << __LINE__ << ": Assertion " #cond                           \
+                                   << " failed: " << message; /* NOLINT(bugprone-macro-parentheses) */              \
+            }                                                                                                       \
+            ::abort();                                                                                              \
+        }                                                                                                           \
     } while (0)
 
 #endif  // TESSEL_UTILITIES_GENERIC_LOG_H

@@ -38,7 +38,7 @@ template <BandType Band>
 AmrRate preferredRate(const std::vector<AmrRate>& rates) {
     const AmrCodecConfig::AmrRatePreferenceComparator<Band> comparator;
     const std::set<AmrRate, AmrCodecConfig::AmrRatePreferenceComparator<Band>> ordered(rates.begin(), rates.end(),
-                                                                                      comparator);
+                                                                                       comparator);
     return *ordered.begin();
 }
 
@@ -188,8 +188,8 @@ bool AmrCodecConfig::operator==(const CodecConfig& other) const {
     }
     const AmrCodecConfig& amr = *amrOther;
     const bool equal = mOctetAlignEnabled == amr.mOctetAlignEnabled && mDtxModeEnabled == amr.mDtxModeEnabled &&
-                       mRdcyEnabled == amr.mRdcyEnabled && mMaxRdcy == amr.mMaxRdcy &&
-                       mCrcEnabled == amr.mCrcEnabled && mRobustSortingEnabled == amr.mRobustSortingEnabled &&
+                       mRdcyEnabled == amr.mRdcyEnabled && mMaxRdcy == amr.mMaxRdcy && mCrcEnabled == amr.mCrcEnabled &&
+                       mRobustSortingEnabled == amr.mRobustSortingEnabled &&
                        mInterleavingEnabled == amr.mInterleavingEnabled;
     if (mAmrRates != amr.mAmrRates) {
         typedef utilities::Logger::Stream<utilities::details::Level::Warning> Warning;

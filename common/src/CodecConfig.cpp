@@ -53,9 +53,9 @@ CodecConfig::Result CodecConfig::check() const {
         result &= Result(InvalidConfiguration) << "Max packet time must be greater than 0";
     }
     if (getPacketTime() > getMaxPacketTime()) {
-        result &= Result(InvalidConfiguration) << "Packet time '" << getPacketTime()
-                                               << "' must be lesser or equal than max packet time '"
-                                               << getMaxPacketTime() << "'";
+        result &= Result(InvalidConfiguration)
+                  << "Packet time '" << getPacketTime() << "' must be lesser or equal than max packet time '"
+                  << getMaxPacketTime() << "'";
     }
     return result;
 }
