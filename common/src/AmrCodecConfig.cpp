@@ -2,6 +2,7 @@
 
 #include <set>
 #include <sstream>
+#include <typeinfo>
 
 #include "GenericLog.h"
 
@@ -182,7 +183,11 @@ bool AmrCodecConfig::operator==(const CodecConfig& other) const {
     }
     // Equal codec ids mean an AMR configuration, unless a base assignment rewrote the id
     // of another codec's object; such an object is never equal to this one.
-    const AmrCodecConfig* const amrOther = dynamic_cast<const AmrCodecConfig*>(&other);
+    // The exact type, by far the usual case, is recognised by one type_info comparison;
+    // only another type pays for the walk of dynamic_cast.
+    const AmrCodecConfig* const amrOther = typeid(other) == typeid(AmrCodecConfig)
+                                               ? static_cast<const AmrCodecConfig*>(&other)
+                                               : dynamic_cast<const AmrCodecConfig*>(&other);
     if (amrOther == nullptr) {
         return false;
     }

@@ -11,6 +11,8 @@ namespace rva {
 
 namespace {
 
+const std::size_t kInitialCodecCapacity = 4;
+
 const char* directionDescription(StreamConfig::Direction direction) {
     switch (direction) {
         case StreamConfig::Inactive: return "Inactive";
@@ -68,6 +70,11 @@ StreamConfig::Result StreamConfig::CodecConfigList::add(CodecConfig* codec) {
             return Result(InvalidParam) << "A codec with the same payload type " << codec->getPayloadType()
                                         << " is already present";
         }
+    }
+    if (mCodecs.capacity() == 0) {
+        // A direction usually carries a few codecs (voice, telephone events): room for
+        // four at the first addition instead of growing one entry at a time.
+        mCodecs.reserve(kInitialCodecCapacity);
     }
     mCodecs.emplace_back(codec);
     return Result::success();
@@ -139,10 +146,10 @@ void StreamConfig::copyFrom(const StreamConfig& other) {
 
 bool StreamConfig::operator==(const StreamConfig& other) const {
     return mRemoteRtpPort == other.mRemoteRtpPort && mRemoteIp == other.mRemoteIp &&
-           mUplinkMuted == other.mUplinkMuted && mDirection == other.mDirection &&
-           mRtcpEnabled == other.mRtcpEnabled && mRtcpConfig == other.mRtcpConfig &&
-           sameCodecs(mUplinkCodecs, other.mUplinkCodecs) && sameCodecs(mDownlinkCodecs, other.mDownlinkCodecs) &&
-           mIsHeld == other.mIsHeld && mRtpProfile == other.mRtpProfile && mPdpContext == other.mPdpContext;
+           mUplinkMuted == other.mUplinkMuted && mDirection == other.mDirection && mRtcpEnabled == other.mRtcpEnabled &&
+           mRtcpConfig == other.mRtcpConfig && sameCodecs(mUplinkCodecs, other.mUplinkCodecs) &&
+           sameCodecs(mDownlinkCodecs, other.mDownlinkCodecs) && mIsHeld == other.mIsHeld &&
+           mRtpProfile == other.mRtpProfile && mPdpContext == other.mPdpContext;
 }
 
 StreamConfig::Result StreamConfig::setRemoteRtpPort(int port) {
@@ -235,9 +242,9 @@ std::string StreamConfig::toString() const {
     }
     text << " (" << mDirection << ")" << std::endl;
     text << "  RtcpEnabled: " << mRtcpEnabled << std::endl;
-    text << "  RtcpConfig: AS=" << mRtcpConfig.getAs() << " RS=" << mRtcpConfig.getRs()
-         << " RR=" << mRtcpConfig.getRr() << " interval=" << mRtcpConfig.getInterval()
-         << "  ReducedSizeMode=" << mRtcpConfig.isReducedSizeMode() << std::endl;
+    text << "  RtcpConfig: AS=" << mRtcpConfig.getAs() << " RS=" << mRtcpConfig.getRs() << " RR=" << mRtcpConfig.getRr()
+         << " interval=" << mRtcpConfig.getInterval() << "  ReducedSizeMode=" << mRtcpConfig.isReducedSizeMode()
+         << std::endl;
     text << "  IsHeld: " << mIsHeld << std::endl;
     text << "  RtpProfile: " << mRtpProfile << std::endl;
     text << "  PdpContext: primaryCID=" << mPdpContext.primaryCID << " secondaryCID=" << mPdpContext.secondaryCID
