@@ -11,10 +11,13 @@
 #ifndef TESSEL_UTILITIES_RESULT_H
 #define TESSEL_UTILITIES_RESULT_H
 
+#include <charconv>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <type_traits>
 
 #include "RvaExport.h"
@@ -92,23 +95,28 @@ public:
         if (isSuccess()) {
             return "Success";
         }
-        std::string text(Trait::describe(mCode));
-        text += " (Code ";
-        text += std::to_string(static_cast<long long>(mCode));
-        text += ')';
-        if (!mMessage.empty() || !mContext.empty()) {
-            text += ": ";
-            text += mMessage;
+        const auto& description = Trait::describe(mCode);  // a static text, or strerror's copied
+        const std::string_view descriptionText(description);
+        char digits[24];
+        const std::to_chars_result number =
+            std::to_chars(digits, digits + sizeof digits, static_cast<long long>(mCode));
+        const std::string_view code(digits, static_cast<std::size_t>(number.ptr - digits));
+        const bool detailed = !mMessage.empty() || !mContext.empty();
+
+        std::string text;
+        text.reserve(descriptionText.size() + code.size() + 8 + mChained.size() +
+                     (detailed ? mMessage.size() + mContext.size() + 5 : 0));
+        text.append(descriptionText).append(" (Code ").append(code).append(1, ')');
+        if (detailed) {
+            text.append(": ").append(mMessage);
             if (!mContext.empty()) {
                 if (!mMessage.empty()) {
-                    text += ' ';
+                    text.append(1, ' ');
                 }
-                text += '{';
-                text += mContext;
-                text += '}';
+                text.append(1, '{').append(mContext).append(1, '}');
             }
         }
-        text += mChained;
+        text.append(mChained);
         return text;
     }
 
