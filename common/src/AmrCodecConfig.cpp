@@ -1,5 +1,6 @@
 #include "AmrCodecConfig.h"
 
+#include <algorithm>
 #include <set>
 #include <sstream>
 #include <typeinfo>
@@ -127,8 +128,8 @@ AmrCodecConfig::Result AmrCodecConfig::addAmrRate(AmrRate rate) {
     }
     if (!containAmrRate(rate)) {
         // Duplicates are refused, so the list never holds more than the nine valid rates:
-        // the first growth makes room for all of them and later additions never reallocate.
-        if (mAmrRates.size() == mAmrRates.capacity()) {
+        // the first addition makes room for all of them and later ones never reallocate.
+        if (mAmrRates.capacity() == 0) {
             mAmrRates.reserve(kValidRateCount);
         }
         mAmrRates.push_back(rate);
@@ -137,12 +138,7 @@ AmrCodecConfig::Result AmrCodecConfig::addAmrRate(AmrRate rate) {
 }
 
 bool AmrCodecConfig::containAmrRate(AmrRate rate) const {
-    for (const AmrRate held : mAmrRates) {
-        if (held == rate) {
-            return true;
-        }
-    }
-    return false;
+    return std::find(mAmrRates.begin(), mAmrRates.end(), rate) != mAmrRates.end();
 }
 
 AmrRate AmrCodecConfig::getAmrRate(unsigned long index) const {
