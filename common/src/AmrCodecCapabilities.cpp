@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "Polymorphic.h"
+
 namespace tessel {
 namespace rva {
 
@@ -54,7 +56,7 @@ bool AmrCodecCapabilities::operator==(const CodecCapabilities& other) const {
     if (!CodecCapabilities::operator==(other)) {
         return false;
     }
-    const AmrCodecCapabilities* const amrOther = dynamic_cast<const AmrCodecCapabilities*>(&other);
+    const AmrCodecCapabilities* const amrOther = asDerived<AmrCodecCapabilities>(other);
     if (amrOther == nullptr) {
         return false;
     }

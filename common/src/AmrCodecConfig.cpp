@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <set>
 #include <sstream>
-#include <typeinfo>
 
 #include "GenericLog.h"
+#include "Polymorphic.h"
 
 namespace tessel {
 namespace rva {
@@ -179,11 +179,7 @@ bool AmrCodecConfig::operator==(const CodecConfig& other) const {
     }
     // Equal codec ids mean an AMR configuration, unless a base assignment rewrote the id
     // of another codec's object; such an object is never equal to this one.
-    // The exact type, by far the usual case, is recognised by one type_info comparison;
-    // only another type pays for the walk of dynamic_cast.
-    const AmrCodecConfig* const amrOther = typeid(other) == typeid(AmrCodecConfig)
-                                               ? static_cast<const AmrCodecConfig*>(&other)
-                                               : dynamic_cast<const AmrCodecConfig*>(&other);
+    const AmrCodecConfig* const amrOther = asDerived<AmrCodecConfig>(other);
     if (amrOther == nullptr) {
         return false;
     }

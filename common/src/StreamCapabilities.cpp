@@ -1,6 +1,7 @@
 #include "StreamCapabilities.h"
 
 #include "GenericLog.h"
+#include "Polymorphic.h"
 
 namespace tessel {
 namespace rva {
@@ -51,12 +52,7 @@ void StreamCapabilities::addCodecCapabilities(const CodecCapabilities& caps) {
     mCodecCapabilities.emplace_back(caps.clone());
 }
 
-void StreamCapabilities::clearCodecCapabilities() {
-    for (std::unique_ptr<CodecCapabilities>& held : mCodecCapabilities) {
-        held.reset();
-    }
-    mCodecCapabilities.clear();
-}
+void StreamCapabilities::clearCodecCapabilities() { deleteInOrder(mCodecCapabilities); }
 
 }  // namespace rva
 }  // namespace tessel

@@ -4,6 +4,7 @@
 
 #include "GenericLog.h"
 #include "PlatformAssert.h"
+#include "Polymorphic.h"
 #include "Utils.h"
 
 namespace tessel {
@@ -80,12 +81,7 @@ StreamConfig::Result StreamConfig::CodecConfigList::add(CodecConfig* codec) {
     return Result::success();
 }
 
-void StreamConfig::CodecConfigList::clear() {
-    for (std::unique_ptr<CodecConfig>& held : mCodecs) {
-        held.reset();
-    }
-    mCodecs.clear();
-}
+void StreamConfig::CodecConfigList::clear() { deleteInOrder(mCodecs); }
 
 void StreamConfig::CodecConfigList::cloneContentFrom(const CodecConfigList& other) {
     if (&other == this) {
