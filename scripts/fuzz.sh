@@ -21,7 +21,7 @@ jobs=${FUZZ_JOBS:-2}
 
 cmake -S . -B "$build" -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo \
     -DRVA_SANITIZE=address,undefined -DRVA_BUILD_FUZZERS=ON -DRVA_BUILD_TESTS=OFF -DRVA_BUILD_EXAMPLES=OFF
-cmake --build "$build" -j"$jobs" --target address_fuzzer operations_fuzzer
+cmake --build "$build" -j"$jobs" --target address_fuzzer operations_fuzzer sdp_fuzzer
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
@@ -32,7 +32,7 @@ fi
 
 failed=0
 # target:max_len
-for entry in address_fuzzer:4096 operations_fuzzer:1024; do
+for entry in address_fuzzer:4096 operations_fuzzer:1024 sdp_fuzzer:8192; do
     target=${entry%%:*}
     corpus="$scratch/$target"
     artifacts="$build/artifacts/$target"

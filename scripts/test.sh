@@ -29,8 +29,10 @@ if [ "$mode" = --valgrind ]; then
     valgrind --quiet --leak-check=full --errors-for-leak-kinds=definite --error-exitcode=1 \
         "$build/tests/rvacommon_tests" --gtest_filter='-*DeathTest*' --gtest_brief=1
     valgrind --quiet --leak-check=full --errors-for-leak-kinds=definite --error-exitcode=1 \
+        "$build/sdp/tests/rvasdp_tests" --gtest_filter='-*DeathTest*' --gtest_brief=1
+    valgrind --quiet --leak-check=full --errors-for-leak-kinds=definite --error-exitcode=1 \
         "$build/examples/rva_example" >/dev/null
-    for target in address_fuzzer operations_fuzzer; do
+    for target in address_fuzzer operations_fuzzer sdp_fuzzer; do
         valgrind --quiet --leak-check=full --errors-for-leak-kinds=definite --error-exitcode=1 \
             "$build/fuzz/$target" "fuzz/corpus/$target" >/dev/null 2>&1
     done

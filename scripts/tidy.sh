@@ -8,8 +8,8 @@ require_packages "${BUILD_PACKAGES[@]}" clang-tidy
 build=${BUILD_DIR:-build/tidy}
 cmake -S . -B "$build" -DRVA_BUILD_TESTS=OFF -DRVA_BUILD_EXAMPLES=OFF >/dev/null
 status=0
-for source in common/src/*.cpp; do
+for source in common/src/*.cpp sdp/src/*.cpp; do
     clang-tidy -p "$build" --quiet "$source" 2>/dev/null || status=1
 done
-[ "$status" -eq 0 ] && echo "clang-tidy: $(ls common/src/*.cpp | wc -l) sources clean"
+[ "$status" -eq 0 ] && echo "clang-tidy: $(ls common/src/*.cpp sdp/src/*.cpp | wc -l) sources clean"
 exit "$status"
