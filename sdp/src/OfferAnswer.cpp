@@ -573,7 +573,7 @@ Result createAnswer(const StreamCapabilities& local, const LocalEndpoint& endpoi
 
     // The stream to run: the remote end as the offer gives it, our direction as answered.
     rules::RemoteEndpoint remote;
-    const Result usable = rules::remoteEndpoint(offer, offered, remote);
+    Result usable = rules::remoteEndpoint(offer, offered, remote);
     if (!usable.isSuccess()) {
         answer = rejectedStream(offered);
         return usable;
@@ -627,7 +627,7 @@ Result createAnswer(const StreamCapabilities& local, const LocalEndpoint& endpoi
 
 Result applyAnswer(const MediaDescription& ourOffer, const SessionDescription& answer, std::size_t mediaIndex,
                    StreamConfig& negotiated, std::vector<std::string>* notes) noexcept {
-    const Result section = checkAudioSection(answer, mediaIndex);
+    Result section = checkAudioSection(answer, mediaIndex);
     if (!section.isSuccess()) {
         return section;
     }
@@ -643,7 +643,7 @@ Result applyAnswer(const MediaDescription& ourOffer, const SessionDescription& a
         return Result(Unsupported) << "protocol not supported: " << answered.protocol();
     }
     rules::RemoteEndpoint remote;
-    const Result usable = rules::remoteEndpoint(answer, answered, remote);
+    Result usable = rules::remoteEndpoint(answer, answered, remote);
     if (!usable.isSuccess()) {
         return usable;
     }

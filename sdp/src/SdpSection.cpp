@@ -52,7 +52,7 @@ std::string SdpSection::attributeValue(const std::string& name) const noexcept {
             return std::string(rest);
         }
     }
-    return std::string();
+    return {};
 }
 
 std::optional<SdpSection::Connection> SdpSection::connection() const noexcept {
