@@ -209,12 +209,15 @@ const char* refusalOf(const AmrCodecCapabilities& capabilities, const AmrParamet
             }
         }
     }
-    const bool wePaceModeChanges = capabilities.getModeChangePeriod() == ModeChangePeriodTwoFrames;
-    if (offered.modeChangePeriod.value_or(1) == 2 && !wePaceModeChanges) {
-        return "mode-change-period=2 not supported";
+    // An offered mode-change-period=2 asks us to send so: our mode-change capability must
+    // allow it. Our own period of 2 may be asked only of an offerer that can send so.
+    const bool weCanPace = capabilities.getModeChangeCapability() == ModeChangeCapabilityTwoFrames;
+    if (offered.modeChangePeriod.value_or(1) == 2 && !weCanPace) {
+        return "mode-change-period=2: we cannot restrict our mode changes to every second frame";
     }
-    if (wePaceModeChanges && offered.modeChangeCapability.value_or(1) != 2 && offered.modeChangePeriod.value_or(1) != 2) {
-        return "the offerer cannot restrict mode changes to every second frame";
+    const bool weNeedPacing = capabilities.getModeChangePeriod() == ModeChangePeriodTwoFrames;
+    if (weNeedPacing && offered.modeChangeCapability.value_or(1) != 2 && offered.modeChangePeriod.value_or(1) != 2) {
+        return "mode-change-capability: the offerer cannot restrict mode changes to every second frame";
     }
     return nullptr;
 }
