@@ -21,11 +21,11 @@ namespace {
 const std::uint32_t kMaxPort = 65535;
 const std::uint32_t kMaxMilliseconds = 0xFFFFFFFFu;
 
-// `value` as it stands when it is one word of plain ASCII, quoted and escaped otherwise,
-// so that a hostile description cannot forge log lines through a note.
+// `value` as it stands when it is plain printable ASCII, quoted and escaped otherwise, so
+// that a hostile description cannot forge log lines through a note.
 std::string printable(std::string_view value) {
     const bool plain = !value.empty() && std::all_of(value.begin(), value.end(), [](char c) {
-        return c > ' ' && c < 0x7f && c != '"' && c != '\\';
+        return c >= ' ' && c < 0x7f && c != '"' && c != '\\';
     });
     return plain ? std::string(value) : text::quote(value);
 }
@@ -107,7 +107,7 @@ std::optional<unsigned int> milliseconds(const MediaDescription& media, const ch
     }
     const std::string value = media.attributeValue(name);
     std::uint32_t number = 0;
-    if (!text::parseNumber(value, kMaxMilliseconds, number)) {
+    if (!text::parseNumber(text::trimBlanks(value), kMaxMilliseconds, number)) {
         addNote(notes, std::string("a=") + name + ":" + printable(value) + ": not a whole number of milliseconds, ignored");
         return std::nullopt;
     }

@@ -1,0 +1,275 @@
+#include "StreamMapping.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "AmrCodecConfig.h"
+#include "RtcpConfig.h"
+
+namespace tessel {
+namespace rva {
+namespace sdp {
+namespace {
+
+const char kSessionHead[] = "v=0\no=- 1 1 IN IP4 192.0.2.1\ns=-\nt=0 0\n";
+
+SessionDescription parsed(const std::string& text) {
+    SessionDescription description;
+    const Result result = SessionDescription::parse(text, description);
+    EXPECT_TRUE(result.isSuccess()) << result.format();
+    return description;
+}
+
+// A session with `session` lines, then the section "m=<media>" followed by `lines`.
+SessionDescription described(const std::string& session, const std::string& media, const std::string& lines) {
+    return parsed(kSessionHead + session + "m=" + media + "\n" + lines);
+}
+
+// One line per codec of a list: every field the mapping sets.
+std::string codecs(const StreamConfig& stream, bool uplink) {
+    std::string text;
+    const std::size_t count = uplink ? stream.getUplinkCodecCount() : stream.getDownlinkCodecCount();
+    for (std::size_t i = 0; i < count; ++i) {
+        const CodecConfig* codec = uplink ? stream.getUplinkCodec(i) : stream.getDownlinkCodec(i);
+        text += std::string(getCodecIdDescription(codec->getCodecId())) + " " +
+                getBandTypeDescription(codec->getBandType()) + " pt" + std::to_string(codec->getPayloadType()) + " " +
+                std::to_string(codec->getPacketTime()) + "/" + std::to_string(codec->getMaxPacketTime());
+        if (const auto* amr = dynamic_cast<const AmrCodecConfig*>(codec)) {
+            text += std::string(amr->isOctetAlignModeEnabled() ? " oa" : " be") + " rates";
+            for (const AmrRate rate : amr->getSupportedAmrRates()) {
+                text += " " + std::to_string(rate);
+            }
+            text += " crc" + std::to_string(amr->isCrcModeEnabled()) + " rs" +
+                    std::to_string(amr->isRobustSortingModeEnabled()) + " il" +
+                    std::to_string(amr->isInterleavingModeEnabled()) + " mcn" +
+                    std::to_string(amr->isModeChangeNeighborEnabled()) + " mcp" +
+                    std::to_string(amr->getModeChangePeriod()) + " red" + std::to_string(amr->isRdcyModeEnabled()) +
+                    "/" + std::to_string(amr->getMaxRdcy()) + " dtx" + std::to_string(amr->isDTXModeEnabled());
+        }
+        text += "\n";
+    }
+    return text;
+}
+
+const char kAmrWb[] = "a=rtpmap:96 AMR-WB/16000/1\n";
+
+TEST(StreamMappingTest, AddressPortAndDirection) {
+    struct Row {
+        const char* session;
+        const char* media;
+        const char* address;
+        StreamConfig::Direction direction;
+        bool rtcp;
+    };
+    const Row rows[] = {
+        {"c=IN IP4 192.0.2.1\n", "", "192.0.2.1", StreamConfig::FullDuplex, true},
+        {"c=IN IP4 192.0.2.1\n", "c=IN IP6 2001:db8::5\n", "2001:db8::5", StreamConfig::FullDuplex, true},
+        {"c=IN IP4 192.0.2.1\n", "a=sendonly\n", "192.0.2.1", StreamConfig::ReceiveOnly, true},
+        {"c=IN IP4 192.0.2.1\n", "a=RecvOnly\n", "192.0.2.1", StreamConfig::SendOnly, true},
+        {"c=IN IP4 192.0.2.1\n", "a=inactive\n", "192.0.2.1", StreamConfig::Inactive, true},
+        {"c=IN IP4 192.0.2.1\na=recvonly\n", "", "192.0.2.1", StreamConfig::SendOnly, true},
+        {"c=IN IP4 192.0.2.1\na=sendonly\n", "a=sendrecv\n", "192.0.2.1", StreamConfig::FullDuplex, true},
+        // A null address: nothing is sent, neither RTP nor RTCP, whatever the attribute says.
+        {"c=IN IP4 0.0.0.0\n", "", "0.0.0.0", StreamConfig::ReceiveOnly, false},
+        {"", "c=IN IP6 ::\na=recvonly\n", "::", StreamConfig::Inactive, false},
+        {"", "c=IN IP6 0:0::0\na=sendonly\n", "0:0::0", StreamConfig::ReceiveOnly, false},
+        {"", "c=IN IP6 ::1\n", "::1", StreamConfig::FullDuplex, true},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(std::string(row.session) + "|" + row.media);
+        StreamConfig stream;
+        const SessionDescription remote = described(row.session, "audio 49170 RTP/AVP 96", kAmrWb + std::string(row.media));
+        ASSERT_EQ(Success, toStreamConfig(remote, 0, stream).getCode());
+        EXPECT_EQ(row.address, stream.getRemoteIp());
+        EXPECT_EQ(49170, stream.getRemoteRtpPort());
+        EXPECT_EQ(row.direction, stream.getDirection());
+        EXPECT_EQ(row.rtcp, stream.isRtcpEnabled());
+        // Mute and hold are call state, never read from a description.
+        EXPECT_FALSE(stream.isUplinkMuted());
+        EXPECT_FALSE(stream.isHeld());
+    }
+}
+
+TEST(StreamMappingTest, RtcpFromBandwidthLinesOfEitherLevel) {
+    struct Row {
+        const char* session;
+        const char* media;
+        RtcpConfig config;
+        bool enabled;
+    };
+    const Row rows[] = {
+        {"", "m=audio 49170 RTP/AVP 96\n", RtcpConfig(), true},
+        {"b=AS:64\nb=RS:100\nb=RR:300\n", "m=audio 49170 RTP/AVP 96\nb=RS:500\nb=as:41\n",
+         RtcpConfig(5000, 300, 500, 41, false), true},
+        {"", "m=audio 49170 RTP/AVP 96\nb=RS:0\nb=RR:0\n", RtcpConfig(5000, 0, 0, 64, false), false},
+        {"b=RS:0\n", "m=audio 49170 RTP/AVP 96\nb=RR:0\n", RtcpConfig(5000, 0, 0, 64, false), false},
+        {"", "m=audio 49170 RTP/AVP 96\nb=RS:0\n", RtcpConfig(5000, 0, 0, 64, false), true},
+        {"", "m=audio 49170 RTP/AVP 96\nb=RR:0\nb=RS:1\n", RtcpConfig(5000, 0, 1, 64, false), true},
+        {"", "m=audio 49170 RTP/AVPF 96\na=rtcp-rsize\n", RtcpConfig(5000, 0, 800, 64, true), true},
+        {"", "m=audio 49170 RTP/AVP 96\na=rtcp-rsize\n", RtcpConfig(), true},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(std::string(row.session) + "|" + row.media);
+        StreamConfig stream;
+        const SessionDescription remote = parsed(kSessionHead + std::string("c=IN IP4 192.0.2.1\n") + row.session +
+                                                 row.media + kAmrWb);
+        ASSERT_EQ(Success, toStreamConfig(remote, 0, stream).getCode());
+        EXPECT_EQ(row.config, stream.getRtcpConfig());
+        EXPECT_EQ(row.enabled, stream.isRtcpEnabled());
+    }
+}
+
+TEST(StreamMappingTest, CodecsAndTheirAmrFields) {
+    struct Row {
+        const char* formats;
+        const char* lines;
+        const char* codecs;
+    };
+    const Row rows[] = {
+        {"96", "a=rtpmap:96 AMR-WB/16000/1\n",
+         "AMR 16kHz pt96 20/240 be rates 0 1 2 3 4 5 6 7 8 crc0 rs0 il0 mcn0 mcp0 red0/1 dtx1\n"},
+        {"97", "a=rtpmap:97 amr/8000\na=fmtp:97 mode-set=7,0,4; mode-change-period=2; mode-change-neighbor=1\n",
+         "AMR 8kHz pt97 20/240 be rates 7 0 4 crc0 rs0 il0 mcn1 mcp1 red0/1 dtx1\n"},
+        {"97", "a=rtpmap:97 AMR/8000\na=fmtp:97 octet-align=1; max-red=220; mode-change-capability=2\n",
+         "AMR 8kHz pt97 20/240 oa rates 0 1 2 3 4 5 6 7 crc0 rs0 il0 mcn0 mcp0 red1/220 dtx1\n"},
+        // crc, robust-sorting and interleaving imply octet-aligned operation.
+        {"97", "a=rtpmap:97 AMR/8000\na=fmtp:97 crc=1; max-red=0\n",
+         "AMR 8kHz pt97 20/240 oa rates 0 1 2 3 4 5 6 7 crc1 rs0 il0 mcn0 mcp0 red0/0 dtx1\n"},
+        {"97", "a=rtpmap:97 AMR/8000\na=fmtp:97 robust-sorting=1\n",
+         "AMR 8kHz pt97 20/240 oa rates 0 1 2 3 4 5 6 7 crc0 rs1 il0 mcn0 mcp0 red0/1 dtx1\n"},
+        {"97", "a=rtpmap:97 AMR/8000\na=fmtp:97 interleaving=4; crc=0; mode-change-period=1\n",
+         "AMR 8kHz pt97 20/240 oa rates 0 1 2 3 4 5 6 7 crc0 rs0 il1 mcn0 mcp0 red0/1 dtx1\n"},
+        // m= order is kept; telephone-event takes the band of its clock rate; a=ptime and
+        // a=maxptime apply to every codec.
+        {"101 96 100", "a=rtpmap:96 AMR-WB/16000\na=rtpmap:101 telephone-event/8000\n"
+                       "a=rtpmap:100 telephone-event/16000\na=ptime:40\na=maxptime: 80\n",
+         "DTMF 8kHz pt101 40/80\n"
+         "AMR 16kHz pt96 40/80 be rates 0 1 2 3 4 5 6 7 8 crc0 rs0 il0 mcn0 mcp0 red0/1 dtx1\n"
+         "DTMF 16kHz pt100 40/80\n"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.lines);
+        StreamConfig stream;
+        const SessionDescription remote =
+            described("c=IN IP4 192.0.2.1\n", std::string("audio 49170 RTP/AVP ") + row.formats, row.lines);
+        ASSERT_EQ(Success, toStreamConfig(remote, 0, stream).getCode());
+        EXPECT_EQ(row.codecs, codecs(stream, true));
+        EXPECT_EQ(row.codecs, codecs(stream, false));
+    }
+}
+
+// Every format and attribute left out is named, once, in order; the rest still maps.
+TEST(StreamMappingTest, NotesNameWhatIsSkippedAndWhy) {
+    const SessionDescription remote = described(
+        "c=IN IP4 192.0.2.1\n", "audio 49170 RTP/AVP 0 18 99 96 x 97 98 102 103 104 105 96",
+        "a=rtpmap:96 AMR-WB/16000\n"
+        "a=rtpmap:97 EVS/16000\n"
+        "a=rtpmap:98 AMR/16000\n"
+        "a=rtpmap:102 AMR-WB/16000/2\n"
+        "a=rtpmap:103 telephone-event/48000\n"
+        "a=rtpmap:104 AMR/8000\n"
+        "a=fmtp:104 mode-set=2,8\n"
+        "a=rtpmap:105 AMR/8000\n"
+        "a=fmtp:105 mode-set=7\n"
+        "a=sendonly\n"
+        "a=sendrecv\n"
+        "a=rtcp-rsize\n"
+        "a=rtcp:50000 IN IP4 192.0.2.1\n"
+        "a=rtcp-mux\n"
+        "a=ptime:20.5\n");
+    StreamConfig stream;
+    std::vector<std::string> notes{"kept"};
+    ASSERT_EQ(Success, toStreamConfig(remote, 0, stream, &notes).getCode());
+    EXPECT_EQ((std::vector<std::string>{
+                  "kept",
+                  "a=sendrecv after a=sendonly: the first direction attribute counts",
+                  "a=rtcp-rsize: reduced-size RTCP needs RTP/AVPF, ignored on RTP/AVP",
+                  "a=rtcp:50000 IN IP4 192.0.2.1: an RTCP port other than the RTP port + 1 cannot be held",
+                  "a=rtcp-mux: RTP and RTCP on one port cannot be held",
+                  "a=ptime:20.5: not a whole number of milliseconds, ignored",
+                  "payload type 0 (PCMU/8000): not a supported encoding",
+                  "payload type 18 (G729/8000): not a supported encoding",
+                  "payload type 99: no a=rtpmap",
+                  "format \"x\": not an RTP payload type",
+                  "payload type 97 (EVS/16000): not a supported encoding",
+                  "payload type 98 (AMR/16000): AMR runs at 8000 Hz",
+                  "payload type 102 (AMR-WB/16000/2): only one channel is supported",
+                  "payload type 103 (telephone-event/48000): telephone-event goes with AMR at 8000 Hz or AMR-WB at "
+                  "16000 Hz only",
+                  "payload type 104 (AMR/8000): a=fmtp refused: invalid value of fmtp parameter \"mode-set\": \"2,8\"",
+                  "payload type 96: listed twice, the first place counts",
+              }),
+              notes);
+    EXPECT_EQ(StreamConfig::ReceiveOnly, stream.getDirection());
+    EXPECT_EQ("AMR 16kHz pt96 20/240 be rates 0 1 2 3 4 5 6 7 8 crc0 rs0 il0 mcn0 mcp0 red0/1 dtx1\n"
+              "AMR 8kHz pt105 20/240 be rates 7 crc0 rs0 il0 mcn0 mcp0 red0/1 dtx1\n",
+              codecs(stream, true));
+}
+
+// Each refusal has its code and reason, and leaves the caller's stream as it was.
+TEST(StreamMappingTest, RefusalsLeaveTheStreamUnchanged) {
+    struct Row {
+        const char* text;
+        std::size_t index;
+        const char* result;
+    };
+    const Row rows[] = {
+        {"m=audio 49170 RTP/AVP 96\nc=IN IP4 192.0.2.1\n", 1,
+         "Invalid Param (Code 1002): media index 1 past the end: the description has 1 media section(s)"},
+        {"m=video 49170 RTP/AVP 96\nc=IN IP4 192.0.2.1\n", 0,
+         "Invalid Param (Code 1002): media section 0 is \"video\", not audio"},
+        // The first failure decides: a disabled stream whatever its protocol and address.
+        {"m=audio 0 RTP/SAVP 96\n", 0, "Rejected (Code 1006): stream disabled (port 0)"},
+        {"m=audio 49170/2 RTP/AVP 96\nc=IN IP4 192.0.2.1\n", 0,
+         "Unsupported (Code 1005): port count /2: one RTP port per stream only"},
+        {"m=audio 49170 RTP/SAVP 96\nc=IN IP4 192.0.2.1\n", 0,
+         "Unsupported (Code 1005): protocol \"RTP/SAVP\": only RTP/AVP and RTP/AVPF can be held"},
+        {"m=audio 49170 UDP/TLS/RTP/SAVPF 96\nc=IN IP4 192.0.2.1\n", 0,
+         "Unsupported (Code 1005): protocol \"UDP/TLS/RTP/SAVPF\": only RTP/AVP and RTP/AVPF can be held"},
+        {"m=audio 49170 RTP/AVP 0\n", 0,
+         "Malformed description (Code 1004): no c= line in the media section nor at session level"},
+        {"m=audio 49170 RTP/AVP 96\nc=IN IP4 media.example.com\n", 0,
+         "Unsupported (Code 1005): address \"media.example.com\" is not an IPv4 address"},
+        {"m=audio 49170 RTP/AVP 96\nc=IN IP4 224.2.1.1/127\n", 0,
+         "Unsupported (Code 1005): address \"224.2.1.1/127\" is not an IPv4 address"},
+        {"m=audio 49170 RTP/AVP 96\nc=IN IP6 192.0.2.1\n", 0,
+         "Unsupported (Code 1005): address \"192.0.2.1\" is not an IPv6 address"},
+        {"m=audio 1023 RTP/AVP 96\nc=IN IP4 192.0.2.1\n", 0,
+         "Unsupported (Code 1005): port 1023 out of range 1024..65535"},
+        {"m=audio 49170 RTP/AVP 0 101\nc=IN IP4 192.0.2.1\na=rtpmap:101 telephone-event/8000\n", 0,
+         "Unsupported (Code 1005): no AMR or AMR-WB format"},
+    };
+    StreamConfig before;
+    before.setRemoteRtpPort(50000);
+    before.setRtcp(false);
+    AmrCodecConfig amr;
+    amr.addAmrRate(AmrRate2);
+    before.addUplinkCodec(amr);
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.text);
+        StreamConfig stream(before);
+        std::vector<std::string> notes;
+        EXPECT_EQ(row.result, toStreamConfig(parsed(row.text), row.index, stream, &notes).format());
+        EXPECT_EQ(before.toString(), stream.toString());
+    }
+}
+
+// A stream that fails its check is handed back filled, so that it can be logged.
+TEST(StreamMappingTest, FailedCheckReturnsTheFilledStream) {
+    StreamConfig stream;
+    const SessionDescription remote =
+        described("c=IN IP4 192.0.2.1\n", "audio 49170 RTP/AVP 96", "a=rtpmap:96 AMR-WB/16000\na=ptime:60\na=maxptime:40\n");
+    EXPECT_EQ("Invalid Configuration (Code 1003): Invalid Configuration (Code 1003): Invalid Configuration (Code "
+              "1003): Packet time '60' must be lesser or equal than max packet time '40'",
+              toStreamConfig(remote, 0, stream).format());
+    EXPECT_EQ(49170, stream.getRemoteRtpPort());
+    EXPECT_EQ("AMR 16kHz pt96 60/40 be rates 0 1 2 3 4 5 6 7 8 crc0 rs0 il0 mcn0 mcp0 red0/1 dtx1\n",
+              codecs(stream, false));
+}
+
+}  // namespace
+}  // namespace sdp
+}  // namespace rva
+}  // namespace tessel
