@@ -60,15 +60,17 @@ RVA_EXPORT StreamCapabilities defaultCapabilities() noexcept;
 // rate listed supports every mode of its band.
 // Refused with 1002, `offer` unchanged: an address that is not IPv4 or IPv6, a port
 // outside 1024..65535, a direction outside 0..3, a first payload type outside 96..127,
-// no AMR capability, or payload types running past 127.
+// no AMR capability, or payload types running past 127. An AMR capability whose rates hold
+// no mode of its band is left out (a note).
 RVA_EXPORT Result createOffer(const StreamCapabilities& local, const LocalEndpoint& endpoint, MediaDescription& offer,
                               std::vector<std::string>* notes = nullptr) noexcept;
 
 // Answers media section `mediaIndex` of `offer`. `answer` is written on every result but
 // 1002; `negotiated` on success only. 1002: a bad endpoint (as createOffer, the payload
 // type aside), no such section or not audio. 1006 with the rejected-stream answer: port 0,
-// a protocol we do not support, or no AMR payload type that a capability accepts (a note
-// per refused payload type). The remote address and port must be usable as for
+// a protocol we do not support, or no AMR payload type that a capability accepts (the
+// message names each refused AMR payload type and why; notes also name the formats that
+// are not AMR or telephone-event). The remote address and port must be usable as for
 // toStreamConfig (1004 without c=, else 1005, with the rejected-stream answer); 1003 when
 // the negotiated stream fails its check().
 RVA_EXPORT Result createAnswer(const StreamCapabilities& local, const LocalEndpoint& endpoint,

@@ -187,25 +187,28 @@ bool acceptsProtocol(const StreamCapabilities& local, const std::string& protoco
 }
 
 // Whether `capabilities` can take the offered AMR payload type as it is (RFC 4867 section
-// 8.3.1); null when it can, else why not.
-const char* refusalOf(const AmrCodecCapabilities& capabilities, const AmrParameters& offered) {
+// 8.3.1); "" when it can, else why not, naming the parameter.
+std::string refusalOf(const AmrCodecCapabilities& capabilities, const AmrParameters& offered) {
+    const std::vector<int> ours = supportedModes(capabilities);
+    if (ours.empty()) {
+        return "our capability supports no mode of its band";
+    }
     if (!offered.isOctetAligned() && capabilities.isOctetAlignModeRequired()) {
-        return "bandwidth-efficient operation not supported";
+        return "octet-align: bandwidth-efficient operation not supported";
     }
     if (offered.crc.value_or(0) == 1 && !capabilities.isCrcModeSupported()) {
-        return "crc not supported";
+        return "crc=1 not supported";
     }
     if (offered.robustSorting.value_or(0) == 1 && !capabilities.isRobustSortingModeSupported()) {
-        return "robust-sorting not supported";
+        return "robust-sorting=1 not supported";
     }
     if (offered.interleaving && !capabilities.isInterleavingModeSupported()) {
         return "interleaving not supported";
     }
     if (offered.modeSet) {
-        const std::vector<int> ours = supportedModes(capabilities);
         for (const int mode : *offered.modeSet) {
             if (std::find(ours.begin(), ours.end(), mode) == ours.end()) {
-                return "mode-set holds a mode not supported";
+                return "mode-set: mode " + std::to_string(mode) + " not supported";
             }
         }
     }
@@ -219,7 +222,16 @@ const char* refusalOf(const AmrCodecCapabilities& capabilities, const AmrParamet
     if (weNeedPacing && offered.modeChangeCapability.value_or(1) != 2 && offered.modeChangePeriod.value_or(1) != 2) {
         return "mode-change-capability: the offerer cannot restrict mode changes to every second frame";
     }
-    return nullptr;
+    return std::string();
+}
+
+// "payload type 97 (AMR-WB/16000)", or "payload type 97" when no name is known.
+std::string describePayloadType(int payloadType, const rules::PayloadFormat& format) {
+    std::string text = "payload type " + std::to_string(payloadType);
+    if (!format.name.empty()) {
+        text += " (" + format.name + ")";
+    }
+    return text;
 }
 
 // The voice format of an answer: the first offered AMR payload type that one of our AMR
@@ -231,40 +243,49 @@ struct VoiceChoice {
     AmrParameters offered;
 };
 
+// Walks the offered formats up to the voice format. Every format passed over but
+// telephone-event is noted; the AMR payload types refused are also added to `refused`.
 std::optional<VoiceChoice> chooseVoice(const StreamCapabilities& local, const MediaDescription& offer,
-                                       std::vector<std::string>* notes) {
+                                       std::vector<std::string>& refused, std::vector<std::string>* notes) {
     for (const std::string& format : offer.formats()) {
         const std::optional<int> payloadType = payloadTypeOf(format);
         if (!payloadType) {
+            addNote(notes, "format " + text::quote(format) + ": not an RTP payload type");
             continue;
         }
         const rules::PayloadFormat payload = rules::payloadFormat(offer, *payloadType);
+        if (payload.kind == rules::PayloadFormat::Unsupported) {
+            addNote(notes, describePayloadType(*payloadType, payload) + ": " + payload.reason);
+            continue;
+        }
         if (payload.kind != rules::PayloadFormat::Amr) {
             continue;
         }
         VoiceChoice choice;
         choice.payloadType = *payloadType;
         choice.band = payload.band;
+        std::string refusal;
         const Result parsed = AmrParameters::parse(offer.fmtp(*payloadType), payload.band, choice.offered);
         if (!parsed.isSuccess()) {
-            addNote(notes, "payload type " + format + ": " + parsed.mMessage);
-            continue;
-        }
-        const char* refusal = "no AMR capability of its band";
-        for (std::size_t i = 0; i < local.getCodecCapabilityCount() && choice.capabilities == nullptr; ++i) {
-            const AmrCodecCapabilities* amr = asAmr(local.getCodecCapabilities(i));
-            if (amr == nullptr || amr->getBandType() != payload.band) {
-                continue;
-            }
-            refusal = refusalOf(*amr, choice.offered);
-            if (refusal == nullptr) {
-                choice.capabilities = amr;
+            refusal = "a=fmtp refused: " + parsed.mMessage;
+        } else {
+            refusal = "no AMR capability of its band";
+            for (std::size_t i = 0; i < local.getCodecCapabilityCount() && choice.capabilities == nullptr; ++i) {
+                const AmrCodecCapabilities* amr = asAmr(local.getCodecCapabilities(i));
+                if (amr == nullptr || amr->getBandType() != payload.band) {
+                    continue;
+                }
+                refusal = refusalOf(*amr, choice.offered);
+                if (refusal.empty()) {
+                    choice.capabilities = amr;
+                }
             }
         }
         if (choice.capabilities != nullptr) {
             return choice;
         }
-        addNote(notes, "payload type " + format + " (" + payload.name + "): " + refusal);
+        refused.push_back(describePayloadType(*payloadType, payload) + ": " + refusal);
+        addNote(notes, refused.back());
     }
     return std::nullopt;
 }
@@ -478,12 +499,16 @@ Result createOffer(const StreamCapabilities& local, const LocalEndpoint& endpoin
             addNote(notes, "AMR capability " + std::to_string(i) + ": invalid band");
             continue;
         }
+        const std::vector<int> modes = supportedModes(*amr);
+        if (modes.empty()) {
+            addNote(notes, "AMR capability " + std::to_string(i) + ": no mode of its band, not offered");
+            continue;
+        }
         first = first != nullptr ? first : amr;
         if (std::find(rates.begin(), rates.end(), band) == rates.end()) {
             rates.push_back(band);
         }
         AmrParameters parameters;
-        const std::vector<int> modes = supportedModes(*amr);
         if (!isEveryMode(modes, band)) {
             parameters.modeSet = modes;
         }
@@ -545,10 +570,20 @@ Result createAnswer(const StreamCapabilities& local, const LocalEndpoint& endpoi
         answer = rejectedStream(offered);
         return Result(Rejected) << "protocol not supported: " << offered.protocol();
     }
-    const std::optional<VoiceChoice> voice = chooseVoice(local, offered, notes);
+    std::vector<std::string> refused;
+    const std::optional<VoiceChoice> voice = chooseVoice(local, offered, refused, notes);
     if (!voice) {
         answer = rejectedStream(offered);
-        return Result(Rejected) << "no acceptable AMR or AMR-WB format";
+        Result rejected(Rejected);
+        if (refused.empty()) {
+            rejected << "no AMR or AMR-WB payload type offered";
+        } else {
+            rejected << "no acceptable AMR or AMR-WB format: " << refused.front();
+            for (std::size_t i = 1; i < refused.size(); ++i) {
+                rejected << "; " << refused[i];
+            }
+        }
+        return rejected;
     }
     const std::optional<int> dtmf = telephoneEventFor(local, offered, voice->band, notes);
     const AmrParameters answered = answerParameters(*voice);
