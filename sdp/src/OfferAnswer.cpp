@@ -327,9 +327,16 @@ std::optional<int> telephoneEventFor(const StreamCapabilities& local, const Medi
         const std::optional<int> payloadType = payloadTypeOf(format);
         if (payloadType) {
             const rules::PayloadFormat payload = rules::payloadFormat(offer, *payloadType);
-            if (payload.kind == rules::PayloadFormat::TelephoneEvent && payload.band == band) {
-                return payloadType;
+            if (payload.kind != rules::PayloadFormat::TelephoneEvent || payload.band != band) {
+                continue;
             }
+            // Events travel in one channel (RFC 4733 section 2.1); the answer writes none.
+            const std::optional<MediaDescription::RtpMap> rtpmap = offer.rtpmap(*payloadType);
+            if (rtpmap && rtpmap->channels > 1) {
+                addNote(notes, describePayloadType(*payloadType, payload) + ": events travel in one channel only");
+                continue;
+            }
+            return payloadType;
         }
     }
     addNote(notes, std::string("telephone-event: none offered at ") + (band == BandTypeWb ? "16000" : "8000") + " Hz");
