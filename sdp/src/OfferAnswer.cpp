@@ -157,8 +157,9 @@ void writeTail(unsigned long packetTime, unsigned long maxPacketTime, StreamConf
 
 // What createOffer and createAnswer refuse in our own endpoint.
 Result checkEndpoint(const LocalEndpoint& endpoint) {
-    if (!Utils::isValidIpAddress(endpoint.address)) {
-        return Result(InvalidParam) << "Invalid internet address : " << endpoint.address;
+    // The address checks read up to a NUL byte; what follows it would reach the c= line.
+    if (!Utils::isValidIpAddress(endpoint.address) || endpoint.address.find('\0') != std::string::npos) {
+        return Result(InvalidParam) << "Invalid internet address : " << text::quote(endpoint.address);
     }
     if (!Utils::isValidSocketPort(endpoint.rtpPort)) {
         return Result(InvalidParam) << "Invalid socket port: " << endpoint.rtpPort;
@@ -575,7 +576,7 @@ Result createAnswer(const StreamCapabilities& local, const LocalEndpoint& endpoi
     }
     if (!acceptsProtocol(local, offered.protocol())) {
         answer = rejectedStream(offered);
-        return Result(Rejected) << "protocol not supported: " << offered.protocol();
+        return Result(Rejected) << "protocol not supported: " << text::quote(offered.protocol());
     }
     std::vector<std::string> refused;
     const std::optional<VoiceChoice> voice = chooseVoice(local, offered, refused, notes);
@@ -685,7 +686,7 @@ Result applyAnswer(const MediaDescription& ourOffer, const SessionDescription& a
     }
     const std::optional<RtpProfile> profile = rules::rtpProfileOf(answered.protocol());
     if (!profile) {
-        return Result(Unsupported) << "protocol not supported: " << answered.protocol();
+        return Result(Unsupported) << "protocol not supported: " << text::quote(answered.protocol());
     }
     rules::RemoteEndpoint remote;
     Result usable = rules::remoteEndpoint(answer, answered, remote);
@@ -693,11 +694,11 @@ Result applyAnswer(const MediaDescription& ourOffer, const SessionDescription& a
         return usable;
     }
     if (answered.protocol() != ourOffer.protocol()) {
-        return Result(Unsupported) << "protocol " << answered.protocol() << " differs from the offered "
-                                   << ourOffer.protocol();
+        return Result(Unsupported) << "protocol " << text::quote(answered.protocol()) << " differs from the offered "
+                                   << text::quote(ourOffer.protocol());
     }
     if (const std::optional<std::string> format = unofferedFormat(ourOffer, answered)) {
-        return Result(Unsupported) << "payload type " << *format << " was not offered with that meaning";
+        return Result(Unsupported) << "payload type " << text::quote(*format) << " was not offered with that meaning";
     }
 
     // The voice format: the answer's first AMR payload type, with the payload format we offered.
