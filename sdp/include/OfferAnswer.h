@@ -71,7 +71,8 @@ RVA_EXPORT Result createOffer(const StreamCapabilities& local, const LocalEndpoi
 // a protocol we do not support, or no AMR payload type that a capability accepts (the
 // message names each refused AMR payload type and why; notes also name the formats that
 // are not AMR or telephone-event). The remote address and port must be usable as for
-// toStreamConfig (1004 without c=, else 1005, with the rejected-stream answer); 1003 when
+// toStreamConfig (1004 without c=, else 1005, with the rejected-stream answer); an offered
+// port count ("49170/2", a layered stream) is 1005 with the rejected-stream answer; 1003 when
 // the negotiated stream fails its check().
 RVA_EXPORT Result createAnswer(const StreamCapabilities& local, const LocalEndpoint& endpoint,
                                const SessionDescription& offer, std::size_t mediaIndex, MediaDescription& answer,

@@ -624,6 +624,11 @@ Result createAnswer(const StreamCapabilities& local, const LocalEndpoint& endpoi
         answer = rejectedStream(offered);
         return usable;
     }
+    // RFC 4566 section 5.14: a port count asks for a layered stream, which no record holds.
+    if (offered.portCount()) {
+        answer = rejectedStream(offered);
+        return Result(Unsupported) << "port count /" << *offered.portCount() << ": one RTP port per stream only";
+    }
     StreamConfig stream;
     stream.setRemoteIp(remote.address);
     stream.setRemoteRtpPort(remote.port);
