@@ -84,6 +84,8 @@ RVA_EXPORT Result createAnswer(const StreamCapabilities& local, const LocalEndpo
 // protocol other than the offered one, a format we did not offer or with another
 // meaning, or an AMR payload format or mode-set that differs from our offer (the
 // message names the parameter); 1004: no c= line; 1003: the stream fails its check().
+// An answer that grants more than the offer allowed is clamped, with a note: a direction
+// beyond the offered one, reduced-size RTCP that the offer did not ask for.
 RVA_EXPORT Result applyAnswer(const MediaDescription& ourOffer, const SessionDescription& answer,
                               std::size_t mediaIndex, StreamConfig& negotiated,
                               std::vector<std::string>* notes = nullptr) noexcept;

@@ -760,7 +760,12 @@ Result applyAnswer(const MediaDescription& ourOffer, const SessionDescription& a
     stream.setRemoteRtpPort(remote.port);
     stream.setDirection(rules::directionTowardAddress(direction, remote.address));
     stream.setRtpProfile(*profile);
-    const rules::RtcpSettings rtcp = rules::rtcpSettings(answer, answered, offeredRtcp(ourOffer), remote, notes);
+    rules::RtcpSettings rtcp = rules::rtcpSettings(answer, answered, offeredRtcp(ourOffer), remote, notes);
+    // RFC 5506 section 5: an answer may take reduced-size RTCP only when the offer asked for it.
+    if (rtcp.config.isReducedSizeMode() && !ourOffer.hasAttribute("rtcp-rsize")) {
+        addNote(notes, "a=rtcp-rsize: not offered, RTCP stays full size");
+        rtcp.config.setReducedSizeMode(false);
+    }
     stream.setRtcpConfig(rtcp.config);
     stream.setRtcp(rtcp.enabled);
 
