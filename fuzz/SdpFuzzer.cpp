@@ -11,14 +11,19 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "AmrCodecConfig.h"
 #include "AmrParameters.h"
 #include "FuzzSupport.h"
 #include "SessionDescription.h"
+#include "StreamConfig.h"
+#include "StreamMapping.h"
 
 using tessel::rva::BandType;
 using tessel::rva::BandTypeNb;
 using tessel::rva::BandTypeWb;
+using tessel::rva::StreamConfig;
 using namespace tessel::rva::sdp;
 
 namespace {
@@ -90,6 +95,43 @@ void checkRoundTrip(const SessionDescription& description) {
     }
 }
 
+// Every media section, and one index past the end, read as the stream to run. A failure
+// other than 1003 leaves the output untouched; a success is a stream that passes its
+// check, prints, copies equal, and gives each AMR codec a preferred rate (which aborts on a
+// rate its band lacks). Notes are single lines, so that they cannot forge log lines.
+void checkStreamMapping(const SessionDescription& description) {
+    for (std::size_t i = 0; i <= description.mediaCount(); ++i) {
+        StreamConfig stream;
+        stream.setRemoteRtpPort(1234);  // a mark a refusal must leave
+        const StreamConfig before(stream);
+        std::vector<std::string> notes;
+        const Result result = toStreamConfig(description, i, stream, &notes);
+        for (const std::string& note : notes) {
+            FUZZ_CHECK(!note.empty() && note.find_first_of("\r\n") == std::string::npos);
+        }
+        if (!result.isSuccess()) {
+            FUZZ_CHECK(result.getCode() >= InvalidParam && result.getCode() <= Rejected);
+            // 1003 hands back the filled stream, which fails its check; the rest leave it.
+            FUZZ_CHECK(result.getCode() == InvalidConfiguration ? !stream.check().isSuccess() : stream == before);
+            continue;
+        }
+        FUZZ_CHECK(stream.check().isSuccess());
+        FUZZ_CHECK(!stream.toString().empty());
+        const StreamConfig copy(stream);
+        FUZZ_CHECK(copy == stream && copy.toString() == stream.toString());
+        for (std::size_t c = 0; c < stream.getUplinkCodecCount(); ++c) {
+            if (const auto* amr = dynamic_cast<const tessel::rva::AmrCodecConfig*>(stream.getUplinkCodec(c))) {
+                FUZZ_CHECK(tessel::rva::isAmrRateValid(amr->getPreferedAmrRate()));
+            }
+        }
+        for (std::size_t c = 0; c < stream.getDownlinkCodecCount(); ++c) {
+            if (const auto* amr = dynamic_cast<const tessel::rva::AmrCodecConfig*>(stream.getDownlinkCodec(c))) {
+                FUZZ_CHECK(tessel::rva::isAmrRateValid(amr->getPreferedAmrRate()));
+            }
+        }
+    }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -104,5 +146,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     checkRoundTrip(description);
+    checkStreamMapping(description);
     return 0;
 }
