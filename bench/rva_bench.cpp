@@ -3,68 +3,24 @@
 // work at the least cost: plain structs owning the same heap blocks, snprintf of the same
 // text, a rank table, inet_pton alone. Every benchmark is registered twice, as "<op>/lib"
 // and "<op>/base"; scripts/bench.sh turns the pairs into a table with their ratio.
+// Allocations are counted by AllocationCount.cpp.
 //
 // The typical stream: remote 192.0.2.10:50000, full duplex, default RTCP, and on each
 // direction an AMR-WB configuration with four rates (payload type 97) plus DTMF (101).
 #include <arpa/inet.h>
-#include <benchmark/benchmark.h>
 
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
-#include <new>
 #include <string>
 #include <vector>
 
 #include "AmrCodecConfig.h"
+#include "BenchSupport.h"
 #include "DtmfCodecConfig.h"
 #include "StreamConfig.h"
 #include "Utils.h"
-
-// ---- Heap allocations: every global operator new of the process is counted ----------
-
-using std::align_val_t;
-using std::nothrow_t;
-
-namespace {
-size_t gAllocs = 0;
-
-void* allocate(size_t size, size_t align, bool nothrow) {
-    ++gAllocs;
-    void* block = nullptr;
-    if (align <= alignof(std::max_align_t)) {
-        block = std::malloc(size != 0 ? size : 1);
-    } else if (posix_memalign(&block, align, size != 0 ? size : 1) != 0) {
-        block = nullptr;
-    }
-    if (block == nullptr && !nothrow) {
-        throw std::bad_alloc();
-    }
-    return block;
-}
-}  // namespace
-
-void* operator new(size_t n) { return allocate(n, 0, false); }
-void* operator new[](size_t n) { return allocate(n, 0, false); }
-void* operator new(size_t n, const nothrow_t&) noexcept { return allocate(n, 0, true); }
-void* operator new[](size_t n, const nothrow_t&) noexcept { return allocate(n, 0, true); }
-void* operator new(size_t n, align_val_t a) { return allocate(n, size_t(a), false); }
-void* operator new[](size_t n, align_val_t a) { return allocate(n, size_t(a), false); }
-void* operator new(size_t n, align_val_t a, const nothrow_t&) noexcept { return allocate(n, size_t(a), true); }
-void* operator new[](size_t n, align_val_t a, const nothrow_t&) noexcept { return allocate(n, size_t(a), true); }
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete[](void* p) noexcept { std::free(p); }
-void operator delete(void* p, size_t) noexcept { std::free(p); }
-void operator delete[](void* p, size_t) noexcept { std::free(p); }
-void operator delete(void* p, const nothrow_t&) noexcept { std::free(p); }
-void operator delete[](void* p, const nothrow_t&) noexcept { std::free(p); }
-void operator delete(void* p, align_val_t) noexcept { std::free(p); }
-void operator delete[](void* p, align_val_t) noexcept { std::free(p); }
-void operator delete(void* p, size_t, align_val_t) noexcept { std::free(p); }
-void operator delete[](void* p, size_t, align_val_t) noexcept { std::free(p); }
-void operator delete(void* p, align_val_t, const nothrow_t&) noexcept { std::free(p); }
-void operator delete[](void* p, align_val_t, const nothrow_t&) noexcept { std::free(p); }
 
 namespace {
 
@@ -295,30 +251,22 @@ std::string plainFoldThreeFailures() {
 
 // ---- Registration --------------------------------------------------------------------
 
-// Runs `op` once per iteration and reports the heap allocations per iteration.
-template <typename Op>
-void counted(benchmark::State& state, Op op) {
-    const size_t before = gAllocs;
-    for (auto _ : state) {
-        op();
-    }
-    state.counters["allocs"] = benchmark::Counter(double(gAllocs - before), benchmark::Counter::kAvgIterations);
-}
+using bench::keep;
 
 template <typename Lib, typename Base>
 void measure(const std::string& name, Lib lib, Base base) {
-    benchmark::RegisterBenchmark((name + "/lib").c_str(), [lib](benchmark::State& s) { counted(s, lib); });
-    benchmark::RegisterBenchmark((name + "/base").c_str(), [base](benchmark::State& s) { counted(s, base); });
-}
-
-template <typename T>
-void keep(T&& value) {
-    benchmark::DoNotOptimize(value);
+    bench::add(name, "lib", lib);
+    bench::add(name, "base", base);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    if (!bench::allocationsCounted()) {
+        std::fprintf(stderr, "The allocation count misses allocations made inside shared libraries\n");
+        return 1;
+    }
+
     static const StreamConfig stream = buildStream();
     static StreamConfig target = buildStream();
     static const PlainStream plain = buildPlain();
