@@ -36,6 +36,11 @@ void add(const std::string& operation, const std::string& side, Op op) {
                                  [op](benchmark::State& state) { counted(state, op); });
 }
 
+// Registers the SDP benchmarks (SdpParseBench.cpp). False, after printing why, when a
+// peer parser does not read a text as rvasdp does, or when the allocation count would
+// miss some of a peer's allocations: the figures would then compare different work.
+bool registerSdpBenchmarks();
+
 }  // namespace bench
 
 #endif  // RVA_BENCH_SUPPORT_H

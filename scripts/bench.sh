@@ -1,11 +1,13 @@
 #!/usr/bin/env bash
-# Builds the benchmarks in Release, runs them (5 repetitions, medians) and prints, per
-# operation, its time and heap allocations next to its baseline's, and the time ratio.
+# Builds the benchmarks in Release, runs them (5 repetitions, medians) and prints two
+# tables: per record operation, its time and heap allocations next to its baseline's with
+# the time ratio; per SDP operation, the time and allocations of rvasdp and of each peer
+# parser with the time ratio rvasdp / peer.
 # Extra arguments go to the benchmark binary, e.g. --benchmark_filter=toString.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/deps.sh
-require_packages "${BUILD_PACKAGES[@]}" libbenchmark-dev python3
+require_packages "${BUILD_PACKAGES[@]}" "${BENCH_PACKAGES[@]}"
 
 build=${BUILD_DIR:-build/bench}
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=Release -DRVA_BUILD_BENCHMARKS=ON \
@@ -28,29 +30,51 @@ json="$build/bench.json"
 python3 - "$json" <<'EOF'
 import json, sys
 
+# Benchmarks are named "<operation>/<side>": sides "lib" and "base" for a record
+# operation and its baseline, "rvasdp" and a peer parser's name for an SDP operation.
 runs, order = {}, []
 for run in json.load(open(sys.argv[1]))["benchmarks"]:
     if run.get("run_type") == "aggregate" and run.get("aggregate_name") != "median":
         continue
     name = run.get("run_name", run["name"])
     operation, _, side = name.rpartition("/")
-    if operation not in order:
+    if operation not in runs:
         order.append(operation)
-    runs[(operation, side)] = run
+        runs[operation] = {}
+    runs[operation][side] = run
 
 scale = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
 ns = lambda run: run["cpu_time"] * scale[run["time_unit"]]
-rows = [("operation", "ns", "allocs", "baseline ns", "baseline allocs", "ratio")]
+
+def table(rows, left):
+    """Prints rows as a Markdown table, the first `left` columns left-aligned."""
+    widths = [max(len(row[i]) for row in rows) for i in range(len(rows[0]))]
+    for index, row in enumerate(rows):
+        cells = [cell.ljust(width) if i < left else cell.rjust(width)
+                 for i, (cell, width) in enumerate(zip(row, widths))]
+        print("| " + " | ".join(cells) + " |")
+        if index == 0:
+            print("|" + "|".join("-" * (width + 1) + ("-" if i < left else ":")
+                                 for i, width in enumerate(widths)) + "|")
+
+records = [("operation", "ns", "allocs", "baseline ns", "baseline allocs", "ratio")]
+sdp = [("operation", "parser", "ns", "allocs", "rvasdp / peer")]
 for operation in order:
-    lib, base = runs.get((operation, "lib")), runs.get((operation, "base"))
-    if lib is None or base is None:
-        continue
-    rows.append((operation, f"{ns(lib):.1f}", f"{lib['allocs']:.0f}", f"{ns(base):.1f}",
-                 f"{base['allocs']:.0f}", f"{ns(lib) / ns(base):.1f}x"))
-widths = [max(len(row[i]) for row in rows) for i in range(len(rows[0]))]
-for index, row in enumerate(rows):
-    cells = [row[0].ljust(widths[0])] + [cell.rjust(width) for cell, width in zip(row[1:], widths[1:])]
-    print("| " + " | ".join(cells) + " |")
-    if index == 0:
-        print("|" + "|".join("-" * (width + 1) + (":" if i else "-") for i, width in enumerate(widths)) + "|")
+    sides = runs[operation]
+    if "lib" in sides and "base" in sides:
+        lib, base = sides["lib"], sides["base"]
+        records.append((operation, f"{ns(lib):.1f}", f"{lib['allocs']:.0f}", f"{ns(base):.1f}",
+                        f"{base['allocs']:.0f}", f"{ns(lib) / ns(base):.1f}x"))
+    elif "rvasdp" in sides:
+        ours = sides["rvasdp"]
+        peers = [(side, run) for side, run in sides.items() if side != "rvasdp"]
+        for index, (side, run) in enumerate([("rvasdp", ours)] + peers):
+            ratio = f"{ns(ours) / ns(run):.2f}x" if index else ""
+            sdp.append((operation if index == 0 else "", side, f"{ns(run):.1f}", f"{run['allocs']:.0f}", ratio))
+if len(records) > 1:
+    table(records, 1)
+if len(records) > 1 and len(sdp) > 1:
+    print()
+if len(sdp) > 1:
+    table(sdp, 2)
 EOF

@@ -30,3 +30,6 @@ require_packages() {
 # Packages every build needs.
 BUILD_PACKAGES=(cmake g++ make pkg-config android-liblog-dev)
 TEST_PACKAGES=(libgtest-dev libgmock-dev)
+# Packages the benchmarks need: Google Benchmark, and the SDP parsers the SDP layer is
+# measured against (sofia-sip, oSIP, GStreamer), which nothing else uses.
+BENCH_PACKAGES=(libbenchmark-dev python3 libsofia-sip-ua-dev libosip2-dev libgstreamer-plugins-base1.0-dev)
