@@ -1,0 +1,512 @@
+#include "OfferAnswer.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "AmrCodecCapabilities.h"
+#include "AmrCodecConfig.h"
+#include "DtmfCodecCapabilities.h"
+#include "RtcpConfig.h"
+
+namespace tessel {
+namespace rva {
+namespace sdp {
+namespace {
+
+const LocalEndpoint kLocal{"192.0.2.1", 49152};
+const char kSessionHead[] = "v=0\no=- 1 1 IN IP4 192.0.2.9\ns=-\nt=0 0\n";
+
+SessionDescription parsed(const std::string& text) {
+    SessionDescription description;
+    const Result result = SessionDescription::parse(text, description);
+    EXPECT_TRUE(result.isSuccess()) << result.format();
+    return description;
+}
+
+// A remote description: session head, `session` lines, then "m=<media>" and its lines.
+SessionDescription remote(const std::string& media, const std::string& session = "c=IN IP4 192.0.2.9\n") {
+    return parsed(kSessionHead + session + "m=" + media);
+}
+
+// The engine's capability sets the tests negotiate with.
+enum Profile { Default, Restricted, CrcCapable, NoModeChangeCapability, NeedsModeChangePeriod, AvpfOnly };
+
+StreamCapabilities capabilities(Profile profile) {
+    if (profile == Default) {
+        return defaultCapabilities();
+    }
+    AmrCodecCapabilities amr;  // one band, telephone-event at its rate
+    amr.setBandType(profile == AvpfOnly ? BandTypeWb : BandTypeNb);
+    amr.setOctetAlignModeRequired(profile == Restricted);
+    for (const AmrRate rate : {AmrRate0, AmrRate1, AmrRate2}) {
+        if (profile == Restricted) {
+            amr.addSupportedAmrRate(rate);
+        }
+    }
+    amr.setCrcModeSupport(profile == CrcCapable);
+    amr.setModeChangeCapability(profile == NoModeChangeCapability ? ModeChangeCapabilityAny
+                                                                  : ModeChangeCapabilityTwoFrames);
+    amr.setModeChangePeriod(profile == NeedsModeChangePeriod ? ModeChangePeriodTwoFrames : ModeChangePeriodAny);
+    DtmfCodecCapabilities dtmf;
+    dtmf.setBandType(amr.getBandType());
+    StreamCapabilities caps;
+    caps.addCodecCapabilities(amr);
+    caps.addCodecCapabilities(dtmf);
+    caps.addRtpProfile(profile == AvpfOnly ? RtpProfileAvpf : RtpProfileAvp);
+    RtcpConfig rtcp(5000, 2000, 0, 41, profile == AvpfOnly);
+    caps.setRtcpCaps(rtcp);
+    return caps;
+}
+
+// One line per codec of a list: the fields negotiation sets.
+std::string codecs(const StreamConfig& stream, bool uplink) {
+    std::string text;
+    const std::size_t count = uplink ? stream.getUplinkCodecCount() : stream.getDownlinkCodecCount();
+    for (std::size_t i = 0; i < count; ++i) {
+        const CodecConfig* codec = uplink ? stream.getUplinkCodec(i) : stream.getDownlinkCodec(i);
+        text += std::string(getCodecIdDescription(codec->getCodecId())) + " " +
+                getBandTypeDescription(codec->getBandType()) + " pt" + std::to_string(codec->getPayloadType()) + " " +
+                std::to_string(codec->getPacketTime()) + "/" + std::to_string(codec->getMaxPacketTime());
+        if (const auto* amr = dynamic_cast<const AmrCodecConfig*>(codec)) {
+            text += amr->isOctetAlignModeEnabled() ? " oa rates" : " be rates";
+            for (const AmrRate rate : amr->getSupportedAmrRates()) {
+                text += " " + std::to_string(rate);
+            }
+            text += " crc" + std::to_string(amr->isCrcModeEnabled()) + " mcn" +
+                    std::to_string(amr->isModeChangeNeighborEnabled()) + " mcp" +
+                    std::to_string(amr->getModeChangePeriod()) + " red" + std::to_string(amr->isRdcyModeEnabled()) +
+                    "/" + std::to_string(amr->getMaxRdcy()) + " dtx" + std::to_string(amr->isDTXModeEnabled());
+        }
+        text += "\n";
+    }
+    return text;
+}
+
+// The lines of a written section that start with `prefix`, each ended by "\n".
+std::string linesOf(const MediaDescription& media, const std::string& prefix) {
+    const std::string text = media.toString();
+    std::string lines;
+    for (std::size_t start = 0, end = 0; start < text.size(); start = end + 2) {
+        end = text.find("\r\n", start);
+        if (text.compare(start, prefix.size(), prefix) == 0) {
+            lines += text.substr(start, end - start) + "\n";
+        }
+    }
+    return lines;
+}
+
+TEST(OfferAnswerTest, DefaultOfferIsTheTerminalProfile) {
+    MediaDescription offer;
+    ASSERT_TRUE(createOffer(defaultCapabilities(), kLocal, offer).isSuccess());
+    EXPECT_EQ(
+        "m=audio 49152 RTP/AVP 96 97 98 99 100 101\r\n"
+        "c=IN IP4 192.0.2.1\r\n"
+        "b=AS:41\r\n"
+        "b=RS:0\r\n"
+        "b=RR:2000\r\n"
+        "a=rtpmap:96 AMR-WB/16000/1\r\n"
+        "a=fmtp:96 mode-change-capability=2; max-red=220\r\n"
+        "a=rtpmap:97 AMR-WB/16000/1\r\n"
+        "a=fmtp:97 octet-align=1; mode-change-capability=2; max-red=220\r\n"
+        "a=rtpmap:98 AMR/8000/1\r\n"
+        "a=fmtp:98 mode-change-capability=2; max-red=220\r\n"
+        "a=rtpmap:99 AMR/8000/1\r\n"
+        "a=fmtp:99 octet-align=1; mode-change-capability=2; max-red=220\r\n"
+        "a=rtpmap:100 telephone-event/16000\r\n"
+        "a=fmtp:100 0-15\r\n"
+        "a=rtpmap:101 telephone-event/8000\r\n"
+        "a=fmtp:101 0-15\r\n"
+        "a=ptime:20\r\n"
+        "a=maxptime:240\r\n"
+        "a=sendrecv\r\n",
+        offer.toString());
+}
+
+TEST(OfferAnswerTest, OfferFollowsTheCapabilities) {
+    struct Row {
+        Profile profile;
+        int firstPayloadType;
+        StreamConfig::Direction direction;
+        const char* lines;  // m=, a=fmtp and the attributes after the formats
+    };
+    const Row rows[] = {
+        // Octet-align required: no bandwidth-efficient payload type; a mode-set of the
+        // modes held; telephone-event only at the one voice clock rate.
+        {Restricted, 96, StreamConfig::FullDuplex,
+         "m=audio 49152 RTP/AVP 96 97\n"
+         "a=fmtp:96 mode-set=0,1,2; octet-align=1; mode-change-capability=2; max-red=220\n"
+         "a=fmtp:97 0-15\na=ptime:20\na=maxptime:240\na=sendrecv\n"},
+        {NeedsModeChangePeriod, 120, StreamConfig::SendOnly,
+         "m=audio 49152 RTP/AVP 120 121 122\n"
+         "a=fmtp:120 mode-change-period=2; mode-change-capability=2; max-red=220\n"
+         "a=fmtp:121 octet-align=1; mode-change-period=2; mode-change-capability=2; max-red=220\n"
+         "a=fmtp:122 0-15\na=ptime:20\na=maxptime:240\na=sendonly\n"},
+        {AvpfOnly, 96, StreamConfig::Inactive,
+         "m=audio 49152 RTP/AVPF 96 97 98\n"
+         "a=fmtp:96 mode-change-capability=2; max-red=220\n"
+         "a=fmtp:97 octet-align=1; mode-change-capability=2; max-red=220\n"
+         "a=fmtp:98 0-15\na=ptime:20\na=maxptime:240\na=inactive\na=rtcp-rsize\n"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.lines);
+        LocalEndpoint endpoint = kLocal;
+        endpoint.firstPayloadType = row.firstPayloadType;
+        endpoint.direction = row.direction;
+        MediaDescription offer;
+        ASSERT_TRUE(createOffer(capabilities(row.profile), endpoint, offer).isSuccess());
+        EXPECT_EQ(row.lines, linesOf(offer, "m=") + linesOf(offer, "a=fmtp") + linesOf(offer, "a=p") +
+                                 linesOf(offer, "a=maxp") + linesOf(offer, "a=s") + linesOf(offer, "a=i") +
+                                 linesOf(offer, "a=rtcp"));
+    }
+}
+
+TEST(OfferAnswerTest, OfferRefusalsLeaveTheOfferUnchanged) {
+    struct Row {
+        LocalEndpoint endpoint;
+        bool withAmr;
+        const char* message;
+    };
+    const Row rows[] = {
+        {{"host.example", 49152}, true, "Invalid internet address"},
+        {{std::string("192.0.2.1\0x", 11), 49152}, true, "Invalid internet address"},
+        {{"192.0.2.1", 1023}, true, "Invalid socket port: 1023"},
+        {{"2001:db8::1", 65536}, true, "Invalid socket port: 65536"},
+        {{"192.0.2.1", 49152, StreamConfig::FullDuplex, 95}, true, "first payload type: 95"},
+        {{"192.0.2.1", 49152, StreamConfig::FullDuplex, 128}, true, "first payload type: 128"},
+        {{"192.0.2.1", 49152, StreamConfig::FullDuplex, 123}, true, "run past 127"},  // six formats
+        {kLocal, false, "No AMR capability"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.message);
+        StreamCapabilities caps;
+        caps.addCodecCapabilities(DtmfCodecCapabilities());
+        MediaDescription offer;
+        offer.setMediaLine("audio 9 RTP/AVP 0");
+        const MediaDescription before = offer;
+        const Result result = createOffer(row.withAmr ? defaultCapabilities() : caps, row.endpoint, offer);
+        EXPECT_EQ(InvalidParam, result.getCode());
+        EXPECT_NE(std::string::npos, result.format().find(row.message)) << result.format();
+        EXPECT_EQ(before, offer);
+    }
+}
+
+// Every failure leaves `negotiated` as it was; every failure but 1002 writes an answer,
+// the rejected-stream line unless the offer was answerable.
+TEST(OfferAnswerTest, AnswerRefusals) {
+    struct Row {
+        const char* media;
+        const char* session;
+        std::size_t index;
+        int port;
+        ResultCode code;
+        const char* answer;  // "" for unchanged
+        const char* message;
+    };
+    const char* const kC = "c=IN IP4 192.0.2.9\n";
+    const Row rows[] = {
+        {"audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", kC, 1, 49152, InvalidParam, "", "No media section 1"},
+        {"audio 0 RTP/SAVP 98 0\n", kC, 0, 49152, Rejected, "m=audio 0 RTP/SAVP 98\r\n", "disabled"},
+        {"audio 5004 RTP/SAVP 98\na=rtpmap:98 AMR/8000\n", kC, 0, 49152, Rejected, "m=audio 0 RTP/SAVP 98\r\n",
+         "\"RTP/SAVP\""},
+        {"audio 5004 RTP/AVP 0 101\na=rtpmap:101 telephone-event/8000\n", kC, 0, 49152, Rejected,
+         "m=audio 0 RTP/AVP 0\r\n", "no AMR or AMR-WB payload type offered"},
+        {"audio 5004 RTP/AVP 97 98\na=rtpmap:97 AMR/8000\na=fmtp:97 mode-set=8\na=rtpmap:98 AMR/8000\n"
+         "a=fmtp:98 crc=1\n",
+         kC, 0, 49152, Rejected, "m=audio 0 RTP/AVP 97\r\n",
+         "payload type 97 (AMR/8000): a=fmtp refused: invalid value of fmtp parameter \"mode-set\": \"8\"; "
+         "payload type 98 (AMR/8000): crc=1 not supported"},
+        // A voice format found, but no usable remote address or port.
+        {"audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", "", 0, 49152, Malformed, "m=audio 0 RTP/AVP 98\r\n",
+         "no c= line"},
+        {"audio 5004/2 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", kC, 0, 49152, Unsupported, "m=audio 0 RTP/AVP 98\r\n",
+         "port count /2"},
+        // The answer is written, the stream fails its check: the offerer wants 300 ms.
+        {"audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\na=ptime:300\n", kC, 0, 49152, InvalidConfiguration,
+         "m=audio 49152 RTP/AVP 98\r\n", "Packet time '300'"},
+    };
+    StreamConfig before;
+    before.setRemoteRtpPort(50000);
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.media);
+        LocalEndpoint endpoint = kLocal;
+        endpoint.rtpPort = row.port;
+        MediaDescription answer;
+        answer.setMediaLine("audio 9 RTP/AVP 0");
+        const MediaDescription unchanged = answer;
+        StreamConfig negotiated(before);
+        const Result result = createAnswer(defaultCapabilities(), endpoint, remote(row.media, row.session), row.index,
+                                           answer, negotiated);
+        EXPECT_EQ(row.code, result.getCode());
+        EXPECT_NE(std::string::npos, result.format().find(row.message)) << result.format();
+        if (*row.answer == '\0') {
+            EXPECT_EQ(unchanged, answer);
+        } else {
+            EXPECT_EQ(0u, answer.toString().find(row.answer)) << answer.toString();
+        }
+        EXPECT_EQ(before.toString(), negotiated.toString());
+    }
+}
+
+// RFC 3264 section 6.1: what we answer to each offered direction, and the stream we run.
+TEST(OfferAnswerTest, AnswerDirection) {
+    struct Row {
+        const char* session;
+        const char* media;
+        StreamConfig::Direction wanted;
+        const char* answered;
+        StreamConfig::Direction negotiated;
+        bool rtcp;
+    };
+    const Row rows[] = {
+        {"c=IN IP4 192.0.2.9\n", "", StreamConfig::FullDuplex, "sendrecv", StreamConfig::FullDuplex, true},
+        {"c=IN IP4 192.0.2.9\n", "", StreamConfig::ReceiveOnly, "recvonly", StreamConfig::ReceiveOnly, true},
+        {"c=IN IP4 192.0.2.9\n", "a=sendonly\n", StreamConfig::FullDuplex, "recvonly", StreamConfig::ReceiveOnly, true},
+        {"c=IN IP4 192.0.2.9\n", "a=sendonly\n", StreamConfig::SendOnly, "inactive", StreamConfig::Inactive, true},
+        {"c=IN IP4 192.0.2.9\n", "a=recvonly\n", StreamConfig::FullDuplex, "sendonly", StreamConfig::SendOnly, true},
+        {"c=IN IP4 192.0.2.9\n", "a=recvonly\n", StreamConfig::ReceiveOnly, "inactive", StreamConfig::Inactive, true},
+        {"c=IN IP4 192.0.2.9\n", "a=inactive\n", StreamConfig::FullDuplex, "inactive", StreamConfig::Inactive, true},
+        {"c=IN IP4 192.0.2.9\na=sendonly\n", "", StreamConfig::FullDuplex, "recvonly", StreamConfig::ReceiveOnly, true},
+        // Hold by a null address: answered by the attribute, but nothing is sent.
+        {"c=IN IP4 0.0.0.0\n", "", StreamConfig::FullDuplex, "sendrecv", StreamConfig::ReceiveOnly, false},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(std::string(row.session) + row.media + row.answered);
+        LocalEndpoint endpoint = kLocal;
+        endpoint.direction = row.wanted;
+        MediaDescription answer;
+        StreamConfig negotiated;
+        const SessionDescription offer =
+            remote("audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\n" + std::string(row.media), row.session);
+        ASSERT_TRUE(createAnswer(defaultCapabilities(), endpoint, offer, 0, answer, negotiated).isSuccess());
+        const std::string text = answer.toString();
+        EXPECT_EQ(std::string("a=") + row.answered + "\r\n", text.substr(text.rfind("a=")));
+        EXPECT_EQ(row.negotiated, negotiated.getDirection());
+        EXPECT_EQ(row.rtcp, negotiated.isRtcpEnabled());
+    }
+}
+
+// The voice format chosen and its answered a=fmtp (RFC 4867 section 8.3.1): the payload
+// format echoed, the mode-set echoed or the payload type refused, the smaller max-red,
+// telephone-event only at the voice clock rate.
+TEST(OfferAnswerTest, AnswerVoiceFormat) {
+    struct Row {
+        Profile profile;
+        const char* media;     // after "m=audio 5004 RTP/AVP "
+        const char* expected;  // the answer's m= and a=fmtp lines, or the refusal's reason
+    };
+    const Row rows[] = {
+        {Default,
+         "98 100 101\na=rtpmap:98 AMR/8000\na=rtpmap:100 telephone-event/16000\n"
+         "a=rtpmap:101 telephone-event/8000\n",
+         "m=audio 49152 RTP/AVP 98 101\na=fmtp:98 mode-change-capability=2; max-red=220\na=fmtp:101 0-15\n"},
+        {Default,
+         "96 100 101\na=rtpmap:96 AMR-WB/16000\na=rtpmap:100 telephone-event/8000/2\n"
+         "a=rtpmap:101 telephone-event/8000\n",
+         "m=audio 49152 RTP/AVP 96\na=fmtp:96 mode-change-capability=2; max-red=220\n"},
+        {Default,
+         "98\na=rtpmap:98 AMR/8000\na=fmtp:98 mode-set=0,2,4,7; mode-change-period=2; "
+         "mode-change-neighbor=1; max-red=0\n",
+         "m=audio 49152 RTP/AVP 98\na=fmtp:98 mode-set=0,2,4,7; mode-change-capability=2; max-red=0\n"},
+        {Default, "98\na=rtpmap:98 AMR/8000\na=fmtp:98 octet-align=0; channels=1; max-red=400\n",
+         "m=audio 49152 RTP/AVP 98\na=fmtp:98 octet-align=0; mode-change-capability=2; max-red=220\n"},
+        {Default, "97 98\na=rtpmap:97 AMR/8000/2\na=rtpmap:98 AMR/8000\na=fmtp:98 octet-align=1; robust-sorting=0\n",
+         "m=audio 49152 RTP/AVP 98\na=fmtp:98 octet-align=1; mode-change-capability=2; robust-sorting=0; "
+         "max-red=220\n"},
+        {CrcCapable, "98\na=rtpmap:98 AMR/8000\na=fmtp:98 crc=1\n",
+         "m=audio 49152 RTP/AVP 98\na=fmtp:98 mode-change-capability=2; crc=1; max-red=220\n"},
+        {Restricted, "98 99\na=rtpmap:98 AMR/8000\na=rtpmap:99 AMR/8000\na=fmtp:99 octet-align=1\n",
+         "m=audio 49152 RTP/AVP 99\n"
+         "a=fmtp:99 mode-set=0,1,2; octet-align=1; mode-change-capability=2; max-red=220\n"},
+        {Restricted, "98\na=rtpmap:98 AMR/8000\na=fmtp:98 mode-set=2,0; octet-align=1\n",
+         "m=audio 49152 RTP/AVP 98\na=fmtp:98 mode-set=2,0; octet-align=1; mode-change-capability=2; max-red=220\n"},
+        {Restricted, "98\na=rtpmap:98 AMR/8000\na=fmtp:98 mode-set=0,2,4; octet-align=1\n",
+         "payload type 98 (AMR/8000): mode-set: mode 4 not supported"},
+        {Restricted, "98\na=rtpmap:98 AMR/8000\n", "payload type 98 (AMR/8000): octet-align"},
+        {Restricted, "96\na=rtpmap:96 AMR-WB/16000\na=fmtp:96 octet-align=1\n",
+         "payload type 96 (AMR-WB/16000): no AMR capability of its band"},
+        {NoModeChangeCapability, "98\na=rtpmap:98 AMR/8000\na=fmtp:98 mode-change-period=2\n",
+         "payload type 98 (AMR/8000): mode-change-period=2"},
+        {NeedsModeChangePeriod, "98\na=rtpmap:98 AMR/8000\n", "payload type 98 (AMR/8000): mode-change-capability"},
+        {NeedsModeChangePeriod, "98\na=rtpmap:98 AMR/8000\na=fmtp:98 mode-change-capability=2\n",
+         "m=audio 49152 RTP/AVP 98\na=fmtp:98 mode-change-period=2; mode-change-capability=2; max-red=220\n"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.media);
+        MediaDescription answer;
+        StreamConfig negotiated;
+        const Result result =
+            createAnswer(capabilities(row.profile), kLocal, remote(std::string("audio 5004 RTP/AVP ") + row.media), 0,
+                         answer, negotiated);
+        if (result.isSuccess()) {
+            EXPECT_EQ(row.expected, linesOf(answer, "m=") + linesOf(answer, "a=fmtp"));
+        } else {
+            EXPECT_EQ(Rejected, result.getCode());
+            EXPECT_NE(std::string::npos, result.format().find(row.expected)) << result.format();
+        }
+    }
+}
+
+// The uplink runs with what the offerer asked to receive, the downlink with what we asked.
+TEST(OfferAnswerTest, AnswerNegotiatedStream) {
+    MediaDescription answer;
+    StreamConfig negotiated;
+    const SessionDescription offer = remote(
+        "audio 5004 RTP/AVP 98 101\nb=RR:1500\na=rtpmap:98 AMR/8000\n"
+        "a=fmtp:98 mode-set=0,2,7; mode-change-period=2; mode-change-neighbor=1; max-red=100\n"
+        "a=rtpmap:101 telephone-event/8000\na=ptime:40\na=maxptime:80\n");
+    ASSERT_TRUE(createAnswer(defaultCapabilities(), kLocal, offer, 0, answer, negotiated).isSuccess());
+    EXPECT_EQ("192.0.2.9", negotiated.getRemoteIp());
+    EXPECT_EQ(5004, negotiated.getRemoteRtpPort());
+    EXPECT_EQ(RtpProfileAvp, negotiated.getRtpProfile());
+    EXPECT_EQ(RtcpConfig(5000, 1500, 0, 41, false), negotiated.getRtcpConfig());
+    EXPECT_EQ("AMR 8kHz pt98 40/80 be rates 0 2 7 crc0 mcn1 mcp1 red1/100 dtx1\nDTMF 8kHz pt101 40/80\n",
+              codecs(negotiated, true));
+    EXPECT_EQ("AMR 8kHz pt98 20/240 be rates 0 2 7 crc0 mcn0 mcp0 red1/100 dtx1\nDTMF 8kHz pt101 20/240\n",
+              codecs(negotiated, false));
+}
+
+MediaDescription offerOf(Profile profile, StreamConfig::Direction direction = StreamConfig::FullDuplex) {
+    LocalEndpoint endpoint = kLocal;
+    endpoint.direction = direction;
+    MediaDescription offer;
+    EXPECT_TRUE(createOffer(capabilities(profile), endpoint, offer).isSuccess());
+    return offer;
+}
+
+TEST(OfferAnswerTest, ApplyAnswerRefusals) {
+    struct Row {
+        Profile offered;
+        const char* answer;
+        const char* session;
+        ResultCode code;
+        const char* message;
+    };
+    const char* const kC = "c=IN IP4 192.0.2.9\n";
+    const Row rows[] = {
+        {Default, "audio 0 RTP/AVP 96\n", kC, Rejected, "disabled"},
+        {Default, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR-WB/16000\n", "", Malformed, "no c= line"},
+        {Default, "audio 6000 RTP/AVPF 96\na=rtpmap:96 AMR-WB/16000\n", kC, Unsupported, "\"RTP/AVPF\" differs"},
+        {Default, "audio 6000 RTP/AVP 96 102\na=rtpmap:96 AMR-WB/16000\na=rtpmap:102 telephone-event/8000\n", kC,
+         Unsupported, "payload type \"102\" was not offered"},
+        {Default, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR/8000\n", kC, Unsupported, "payload type \"96\" was not"},
+        {Default, "audio 6000 RTP/AVP 100\na=rtpmap:100 telephone-event/16000\n", kC, Rejected, "no AMR"},
+        {Default, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR-WB/16000\na=fmtp:96 octet-align=1\n", kC, Unsupported,
+         "payload type 96: octet-align differs"},
+        {Default, "audio 6000 RTP/AVP 97\na=rtpmap:97 AMR-WB/16000\na=fmtp:97 octet-align=1; crc=1\n", kC, Unsupported,
+         "payload type 97: crc differs"},
+        {Default, "audio 6000 RTP/AVP 97\na=rtpmap:97 AMR-WB/16000\na=fmtp:97 octet-align=1; mode-set=0,9\n", kC,
+         Unsupported, "payload type 97: invalid value of fmtp parameter \"mode-set\""},
+        {Restricted, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR/8000\na=fmtp:96 octet-align=1; mode-set=0,1\n", kC,
+         Unsupported, "payload type 96: mode-set differs"},
+    };
+    StreamConfig before;
+    before.setRemoteRtpPort(50000);
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.answer);
+        StreamConfig negotiated(before);
+        const Result result = applyAnswer(offerOf(row.offered), remote(row.answer, row.session), 0, negotiated);
+        EXPECT_EQ(row.code, result.getCode());
+        EXPECT_NE(std::string::npos, result.format().find(row.message)) << result.format();
+        EXPECT_EQ(before.toString(), negotiated.toString());
+    }
+}
+
+// RFC 3264 section 6.1: an answer grants at most what the offer allowed.
+TEST(OfferAnswerTest, ApplyAnswerDirection) {
+    struct Row {
+        StreamConfig::Direction offered;
+        const char* session;
+        const char* attribute;
+        StreamConfig::Direction negotiated;
+        std::size_t notes;
+    };
+    const char* const kC = "c=IN IP4 192.0.2.9\n";
+    const Row rows[] = {
+        {StreamConfig::FullDuplex, kC, "", StreamConfig::FullDuplex, 0},
+        {StreamConfig::SendOnly, kC, "a=recvonly\n", StreamConfig::SendOnly, 0},
+        {StreamConfig::SendOnly, kC, "a=sendrecv\n", StreamConfig::SendOnly, 1},
+        {StreamConfig::ReceiveOnly, kC, "", StreamConfig::ReceiveOnly, 1},
+        {StreamConfig::FullDuplex, "c=IN IP4 0.0.0.0\n", "", StreamConfig::ReceiveOnly, 0},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(std::string(row.session) + row.attribute);
+        StreamConfig negotiated;
+        std::vector<std::string> notes;
+        const SessionDescription answer =
+            remote("audio 6000 RTP/AVP 96\na=rtpmap:96 AMR-WB/16000/1\n" + std::string(row.attribute), row.session);
+        ASSERT_TRUE(applyAnswer(offerOf(Default, row.offered), answer, 0, negotiated, &notes).isSuccess());
+        EXPECT_EQ(row.negotiated, negotiated.getDirection());
+        EXPECT_EQ(row.notes, notes.size());
+    }
+}
+
+// Rates, packet times and RTCP come from the answer where it gives them, else from our offer.
+TEST(OfferAnswerTest, ApplyAnswerFallsBackOnTheOffer) {
+    struct Row {
+        Profile offered;
+        const char* answer;
+        RtcpConfig rtcp;
+        const char* uplink;
+        const char* downlink;
+    };
+    const Row rows[] = {
+        {Default,
+         "96 100\na=rtpmap:96 AMR-WB/16000/1\na=fmtp:96 mode-set=0,1,2; mode-change-period=2; max-red=0\n"
+         "a=rtpmap:100 telephone-event/16000\nb=RR:1500\na=ptime:40\n",
+         RtcpConfig(5000, 1500, 0, 41, false),
+         "AMR 16kHz pt96 40/240 be rates 0 1 2 crc0 mcn0 mcp1 red0/0 dtx1\nDTMF 16kHz pt100 40/240\n",
+         "AMR 16kHz pt96 20/240 be rates 0 1 2 crc0 mcn0 mcp0 red0/0 dtx1\nDTMF 16kHz pt100 20/240\n"},
+        {Default, "98\na=rtpmap:98 AMR/8000/1\n", RtcpConfig(5000, 2000, 0, 41, false),
+         "AMR 8kHz pt98 20/240 be rates 0 1 2 3 4 5 6 7 crc0 mcn0 mcp0 red0/1 dtx1\n",
+         "AMR 8kHz pt98 20/240 be rates 0 1 2 3 4 5 6 7 crc0 mcn0 mcp0 red0/1 dtx1\n"},
+        {Restricted, "96\na=rtpmap:96 AMR/8000/1\na=fmtp:96 octet-align=1; max-red=220\nb=AS:30\n",
+         RtcpConfig(5000, 2000, 0, 30, false), "AMR 8kHz pt96 20/240 oa rates 0 1 2 crc0 mcn0 mcp0 red1/220 dtx1\n",
+         "AMR 8kHz pt96 20/240 oa rates 0 1 2 crc0 mcn0 mcp0 red1/220 dtx1\n"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.answer);
+        StreamConfig negotiated;
+        ASSERT_TRUE(
+            applyAnswer(offerOf(row.offered), remote(std::string("audio 6000 RTP/AVP ") + row.answer), 0, negotiated)
+                .isSuccess());
+        EXPECT_EQ(row.rtcp, negotiated.getRtcpConfig());
+        EXPECT_EQ(row.uplink, codecs(negotiated, true));
+        EXPECT_EQ(row.downlink, codecs(negotiated, false));
+    }
+    // Reduced-size RTCP only when our offer asked for it.
+    const char* const kAnswer = "audio 6000 RTP/AVPF 96\na=rtpmap:96 AMR-WB/16000/1\na=rtcp-rsize\n";
+    StreamConfig negotiated;
+    ASSERT_TRUE(applyAnswer(offerOf(AvpfOnly), remote(kAnswer), 0, negotiated).isSuccess());
+    EXPECT_TRUE(negotiated.getRtcpConfig().isReducedSizeMode());
+    const MediaDescription unasked = remote("audio 49152 RTP/AVPF 96\na=rtpmap:96 AMR-WB/16000/1\n").media(0);
+    ASSERT_TRUE(applyAnswer(unasked, remote(kAnswer), 0, negotiated).isSuccess());
+    EXPECT_FALSE(negotiated.getRtcpConfig().isReducedSizeMode());
+}
+
+// Two ends with different capabilities agree on the stream: our offer, their answer,
+// our reading of it.
+TEST(OfferAnswerTest, RoundTripBetweenDifferentCapabilities) {
+    MediaDescription offer;
+    ASSERT_TRUE(createOffer(capabilities(Restricted), kLocal, offer).isSuccess());
+    MediaDescription answer;
+    StreamConfig theirs;
+    const LocalEndpoint them{"2001:db8::2", 30000};
+    ASSERT_TRUE(createAnswer(defaultCapabilities(), them, parsed(offer.toString()), 0, answer, theirs).isSuccess());
+    StreamConfig ours;
+    ASSERT_TRUE(applyAnswer(offer, parsed(answer.toString()), 0, ours).isSuccess());
+    EXPECT_TRUE(theirs.check().isSuccess());
+    EXPECT_TRUE(ours.check().isSuccess());
+    EXPECT_EQ("2001:db8::2", ours.getRemoteIp());
+    EXPECT_EQ(30000, ours.getRemoteRtpPort());
+    EXPECT_EQ("AMR 8kHz pt96 20/240 oa rates 0 1 2 crc0 mcn0 mcp0 red1/220 dtx1\nDTMF 8kHz pt97 20/240\n",
+              codecs(ours, true));
+    EXPECT_EQ(codecs(ours, true), codecs(theirs, false));
+    EXPECT_EQ(codecs(ours, false), codecs(theirs, true));
+}
+
+}  // namespace
+}  // namespace sdp
+}  // namespace rva
+}  // namespace tessel
