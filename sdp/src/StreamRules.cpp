@@ -146,7 +146,10 @@ Result remoteEndpoint(const SdpSection& session, const MediaDescription& media, 
     }
     const std::string address(connection->address);
     const bool ip6 = connection->addressType == "IP6";
-    if (ip6 ? !Utils::isValidIpV6(address) : !Utils::isValidIpV4(address)) {
+    // The address checks read up to a NUL byte; the text after one must not ride along.
+    const bool literal = address.find('\0') == std::string::npos &&
+                         (ip6 ? Utils::isValidIpV6(address) : Utils::isValidIpV4(address));
+    if (!literal) {
         return Result(Unsupported) << "address " << text::quote(address) << " is not an "
                                    << (ip6 ? "IPv6" : "IPv4") << " address";
     }

@@ -210,8 +210,9 @@ TEST(StreamMappingTest, NotesNameWhatIsSkippedAndWhy) {
 
 // Each refusal has its code and reason, and leaves the caller's stream as it was.
 TEST(StreamMappingTest, RefusalsLeaveTheStreamUnchanged) {
+    using namespace std::string_literals;
     struct Row {
-        const char* text;
+        std::string text;
         std::size_t index;
         const char* result;
     };
@@ -234,6 +235,9 @@ TEST(StreamMappingTest, RefusalsLeaveTheStreamUnchanged) {
          "Unsupported (Code 1005): address \"media.example.com\" is not an IPv4 address"},
         {"m=audio 49170 RTP/AVP 96\nc=IN IP4 224.2.1.1/127\n", 0,
          "Unsupported (Code 1005): address \"224.2.1.1/127\" is not an IPv4 address"},
+        // Address checks stop at a NUL byte: what follows it must not slip through.
+        {"m=audio 49170 RTP/AVP 96\nc=IN IP4 192.0.2.1\0:1\n"s, 0,
+         "Unsupported (Code 1005): address \"192.0.2.1\\x00:1\" is not an IPv4 address"},
         {"m=audio 49170 RTP/AVP 96\nc=IN IP6 192.0.2.1\n", 0,
          "Unsupported (Code 1005): address \"192.0.2.1\" is not an IPv6 address"},
         {"m=audio 1023 RTP/AVP 96\nc=IN IP4 192.0.2.1\n", 0,
