@@ -55,6 +55,14 @@ namespace sdp {
 // state: they stay as a default StreamConfig has them. When `notes` is given, one line is
 // appended for each format or attribute skipped and why, e.g.
 // "payload type 0 (PCMU/8000): not a supported encoding"; notes never change the result.
+//
+// Choices where the RFCs leave room: the media name and the protocol compare as written
+// ("audio", "RTP/AVP"); the first direction attribute of a level counts, a different later
+// one is noted; a=rtcp-rsize, a=rtcp, a=rtcp-mux, a=ptime and a=maxptime are media-level
+// attributes and read there only; an a=ptime or a=maxptime that is not a whole number of
+// milliseconds is noted and left out; a=rtcp naming another port than RTP port + 1, or
+// another address, is noted (the records hold neither); a format that is not a number
+// 0..127 is noted.
 RVA_EXPORT Result toStreamConfig(const SessionDescription& remote, std::size_t mediaIndex, StreamConfig& out,
                                  std::vector<std::string>* notes = nullptr) noexcept;
 
