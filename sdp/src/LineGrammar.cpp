@@ -51,12 +51,13 @@ const char* checkAttribute(std::string_view value) {
     }
     std::uint32_t payloadType = 0;
     std::string_view parameters;
-    if (text::equalsIgnoreCase(name, "rtpmap")) {
+    // Sizes first: most attributes are neither, and the comparison is a call.
+    if (name.size() == 6 && text::equalsIgnoreCase(name, "rtpmap")) {
         RtpMapFields fields;
         if (!splitPayloadType(rest, payloadType, parameters) || !readRtpMap(parameters, fields)) {
             return "bad a=rtpmap: expected \"<pt> <encoding>/<clock>[/<channels>]\" with pt 0..127";
         }
-    } else if (text::equalsIgnoreCase(name, "fmtp")) {
+    } else if (name.size() == 4 && text::equalsIgnoreCase(name, "fmtp")) {
         if (!splitPayloadType(rest, payloadType, parameters)) {
             return "bad a=fmtp: expected \"<pt> <parameters>\" with pt 0..127";
         }

@@ -1,6 +1,7 @@
 #include "SessionDescription.h"
 
 #include <array>
+#include <cstdint>
 #include <cstring>
 
 #include "LineGrammar.h"
@@ -16,14 +17,19 @@ namespace {
 const char kSessionOrder[] = "vosiuepcbtrzka";
 
 // Lines and bytes of each level of a text: the session level, then each media section.
-// Counted before reading so that each level's storage is allocated once.
+// Counted before reading so that each level's storage is allocated once. The line ends
+// found on the way are kept for the reader (up to kKeptEnds lines; a description has far
+// fewer), so that it does not search for them again.
 struct LevelSizes {
     struct Size {
         std::size_t lines = 0;
         std::size_t bytes = 0;
     };
+    static const std::size_t kKeptEnds = 128;
     std::array<Size, SessionDescription::MAX_MEDIA + 1> levels;
     std::size_t mediaCount = 0;
+    std::array<std::uint32_t, kKeptEnds> ends;  // the first keptEnds are set
+    std::size_t keptEnds = 0;
 
     explicit LevelSizes(std::string_view text) {
         std::size_t level = 0;
@@ -32,6 +38,9 @@ struct LevelSizes {
             const void* found = std::memchr(text.data() + position, '\n', text.size() - position);
             const std::size_t end =
                 found != nullptr ? static_cast<std::size_t>(static_cast<const char*>(found) - text.data()) : text.size();
+            if (keptEnds < kKeptEnds) {
+                ends[keptEnds++] = static_cast<std::uint32_t>(end);  // the text is at most 65536 bytes
+            }
             if (end - position >= 2 && text[position] == 'm' && text[position + 1] == '=') {
                 if (mediaCount == SessionDescription::MAX_MEDIA) {
                     return;  // the reader refuses the text at this line
@@ -43,6 +52,16 @@ struct LevelSizes {
             }
             position = end + 1;
         }
+    }
+
+    // The offset of the '\n' ending line `index` (from 0), which starts at `position`; the
+    // size of the text when that line has none.
+    std::size_t lineEnd(std::string_view text, std::size_t index, std::size_t position) const {
+        if (index < keptEnds) {
+            return ends[index];
+        }
+        const void* found = std::memchr(text.data() + position, '\n', text.size() - position);
+        return found != nullptr ? static_cast<std::size_t>(static_cast<const char*>(found) - text.data()) : text.size();
     }
 };
 
@@ -73,9 +92,7 @@ Result SessionDescription::read(std::string_view text, SessionDescription& descr
     std::size_t position = 0;
     std::size_t number = 0;
     while (position < text.size()) {
-        const void* found = std::memchr(text.data() + position, '\n', text.size() - position);
-        const std::size_t end =
-            found != nullptr ? static_cast<std::size_t>(static_cast<const char*>(found) - text.data()) : text.size();
+        const std::size_t end = sizes.lineEnd(text, number, position);
         std::string_view raw = text.substr(position, end - position);
         position = end + 1;
         ++number;
@@ -85,7 +102,7 @@ Result SessionDescription::read(std::string_view text, SessionDescription& descr
         if (raw.size() > MAX_LINE_BYTES) {
             return fail(number, "line over 4096 bytes", raw);
         }
-        const std::string_view line = text::trimTrailingBlanks(raw);
+        const std::string_view line = !raw.empty() && text::isBlank(raw.back()) ? text::trimTrailingBlanks(raw) : raw;
         if (line.empty()) {
             continue;
         }
