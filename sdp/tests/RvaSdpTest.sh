@@ -2,6 +2,7 @@
 # End to end: rva-sdp stream on an example description prints the stream it declares and
 # "result: Success" and exits 0; a refused description exits 1 with its result and no
 # stream; an unreadable file or a bad command line exits 2 with one line on standard error.
+# rva-sdp offer prints our default offer; rva-sdp answer answers an example offer.
 #
 #   RvaSdpTest.sh <rva-sdp> <examples directory>
 set -u
@@ -91,8 +92,47 @@ same "error for a missing file" "$work/expected" "$work/err"
 run 2 stream --media one "$examples/ipv6-answer.sdp"
 [ "$(wc -l <"$work/err")" -eq 1 ] || fail "a bad --media gave not one line on standard error"
 
+# offer: our section as written on the wire, CRLF line ends; a refused address is a result.
+crlf() { printf '%s\r\n' "$@"; }
+crlf "m=audio 49152 RTP/AVP 96 97 98 99 100 101" "c=IN IP4 192.0.2.1" "b=AS:41" "b=RS:0" "b=RR:2000" \
+    "a=rtpmap:96 AMR-WB/16000/1" "a=fmtp:96 mode-change-capability=2; max-red=220" \
+    "a=rtpmap:97 AMR-WB/16000/1" "a=fmtp:97 octet-align=1; mode-change-capability=2; max-red=220" \
+    "a=rtpmap:98 AMR/8000/1" "a=fmtp:98 mode-change-capability=2; max-red=220" \
+    "a=rtpmap:99 AMR/8000/1" "a=fmtp:99 octet-align=1; mode-change-capability=2; max-red=220" \
+    "a=rtpmap:100 telephone-event/16000" "a=fmtp:100 0-15" "a=rtpmap:101 telephone-event/8000" \
+    "a=fmtp:101 0-15" "a=ptime:20" "a=maxptime:240" "a=recvonly" >"$work/expected"
+run 0 offer --address 192.0.2.1 --direction recvonly
+same "offer" "$work/expected" "$work/out"
+echo 'result: Invalid Param (Code 1002): Invalid internet address : "host.example"' >"$work/expected"
+run 1 offer --address host.example
+same "offer from a host name" "$work/expected" "$work/out"
+
+# answer: the answer section, an empty line, the notes, the stream we run, the result.
+{
+    crlf "m=audio 40000 RTP/AVP 116 111" "c=IN IP4 127.0.0.1" "b=AS:41" "b=RS:0" "b=RR:2000" \
+        "a=rtpmap:116 AMR-WB/16000/1" "a=fmtp:116 mode-change-capability=2; max-red=0" \
+        "a=rtpmap:111 telephone-event/16000" "a=fmtp:111 0-15" "a=ptime:20" "a=maxptime:240" "a=sendrecv"
+    printf '%s\n' "" "note: payload type 104 (EVS/16000): not a supported encoding" \
+        "  Remote: 198.51.100.23:31000"
+} >"$work/expected"
+run 0 answer --port 40000 "$examples/volte-offer.sdp"
+head -n 15 "$work/out" >"$work/head"
+same "answer to volte-offer.sdp" "$work/expected" "$work/head"
+[ "$(grep -c 'PayloadType: 116' "$work/out")" -eq 2 ] || fail "the answered voice format is not in both lists"
+[ "$(tail -n 1 "$work/out")" = "result: Success" ] || fail "answer to volte-offer.sdp did not succeed"
+# A secure offer gets the rejected-stream answer and no stream.
+{
+    crlf "m=audio 0 RTP/SAVP 96"
+    printf '%s\n' "" 'result: Rejected (Code 1006): protocol not supported: "RTP/SAVP"'
+} >"$work/expected"
+run 1 answer - <"$work/secure.sdp"
+same "answer to a secure offer" "$work/expected" "$work/out"
+
 run 0 --help
 grep -q '^  rva-sdp stream \[--media N\] FILE|-$' "$work/out" || fail "--help does not show the stream command"
+for command in offer answer; do
+    grep -q "^  rva-sdp $command \\[--address IP\\]" "$work/out" || fail "--help does not show the $command command"
+done
 
 [ "$failures" -eq 0 ] && echo "rva-sdp: all checks passed"
 exit "$failures"

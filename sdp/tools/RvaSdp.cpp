@@ -3,6 +3,8 @@
 //
 //   rva-sdp stream examples/volte-offer.sdp      # the stream a remote description declares
 //   rva-sdp stream --media 1 - < offer.sdp
+//   rva-sdp answer --port 40000 examples/volte-offer.sdp   # our answer and the stream we run
+//   rva-sdp offer --address 2001:db8::1                     # our offer
 //
 // Exit status: 0 when the result is a success, 1 when it is a failure, 2 for a usage
 // error or an unreadable file (one line on standard error).
@@ -14,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include "OfferAnswer.h"
 #include "SdpResult.h"
 #include "SessionDescription.h"
 #include "StreamConfig.h"
@@ -45,6 +48,8 @@ struct Command {
 };
 
 int runStream(const Arguments& arguments);
+int runOffer(const Arguments& arguments);
+int runAnswer(const Arguments& arguments);
 
 const Command kCommands[] = {
     {"stream", "stream [--media N] FILE|-",
@@ -53,6 +58,18 @@ const Command kCommands[] = {
      "the stream (also when it fails its check), then \"result: <result>\". --media chooses\n"
      "the media section, counted from 0 (default 0).",
      {"--media"}, 1, runStream},
+    {"offer", "offer [--address IP] [--port N] [--direction sendrecv|sendonly|recvonly|inactive]",
+     "Prints the media section we offer with the engine's default capabilities, as written\n"
+     "on the wire (lines end in CRLF); on a refusal, \"result: <result>\" instead. Defaults:\n"
+     "--address 127.0.0.1, --port 49152, --direction sendrecv.",
+     {"--address", "--port", "--direction"}, 0, runOffer},
+    {"answer", "answer [--address IP] [--port N] [--direction sendrecv|sendonly|recvonly|inactive] FILE|-",
+     "Answers the first audio section of an offer (FILE, or standard input for -) with the\n"
+     "engine's default capabilities: prints the answer section as written on the wire\n"
+     "(CRLF; the rejected-stream line when the stream is refused), an empty line, each note\n"
+     "as \"note: <text>\", the negotiated stream when there is one, then \"result: <result>\".\n"
+     "Options and defaults as for offer.",
+     {"--address", "--port", "--direction"}, 1, runAnswer},
 };
 
 void printUsage(std::FILE* out) {
@@ -175,6 +192,101 @@ int runStream(const Arguments& arguments) {
     // A stream was filled on success and on a failed check; otherwise there is none to show.
     if (result.isSuccess() || result.getCode() == InvalidConfiguration) {
         std::fputs(stream.toString().c_str(), stdout);
+    }
+    std::printf("result: %s\n", result.format().c_str());
+    return result.isSuccess() ? kExitSuccess : kExitFailure;
+}
+
+// Our end from --address, --port and --direction; false (with `problem` set) for a port
+// that is not a number or an unknown direction. The library judges the values.
+bool readEndpoint(const Arguments& arguments, LocalEndpoint& endpoint, std::string& problem) {
+    static const std::pair<const char*, StreamConfig::Direction> kDirections[] = {
+        {"sendrecv", StreamConfig::FullDuplex},
+        {"sendonly", StreamConfig::SendOnly},
+        {"recvonly", StreamConfig::ReceiveOnly},
+        {"inactive", StreamConfig::Inactive},
+    };
+    endpoint.address = "127.0.0.1";
+    endpoint.rtpPort = 49152;
+    const auto address = arguments.options.find("--address");
+    if (address != arguments.options.end()) {
+        endpoint.address = address->second;
+    }
+    const auto port = arguments.options.find("--port");
+    std::size_t number = 0;
+    if (port != arguments.options.end()) {
+        if (!readIndex(port->second, number)) {
+            problem = "--port needs a port number, not \"" + port->second + "\"";
+            return false;
+        }
+        endpoint.rtpPort = static_cast<int>(number);
+    }
+    const auto direction = arguments.options.find("--direction");
+    if (direction != arguments.options.end()) {
+        const auto* known = std::find_if(std::begin(kDirections), std::end(kDirections),
+                                         [&](const auto& entry) { return direction->second == entry.first; });
+        if (known == std::end(kDirections)) {
+            problem = "--direction needs sendrecv, sendonly, recvonly or inactive, not \"" + direction->second + "\"";
+            return false;
+        }
+        endpoint.direction = known->second;
+    }
+    return true;
+}
+
+int runOffer(const Arguments& arguments) {
+    LocalEndpoint endpoint;
+    std::string problem;
+    if (!readEndpoint(arguments, endpoint, problem)) {
+        return usageError(problem);
+    }
+    MediaDescription offer;
+    std::vector<std::string> notes;
+    const Result result = createOffer(defaultCapabilities(), endpoint, offer, &notes);
+    if (!result.isSuccess()) {
+        std::printf("result: %s\n", result.format().c_str());
+        return kExitFailure;
+    }
+    std::fputs(offer.toString().c_str(), stdout);
+    return kExitSuccess;
+}
+
+int runAnswer(const Arguments& arguments) {
+    LocalEndpoint endpoint;
+    std::string problem;
+    if (!readEndpoint(arguments, endpoint, problem)) {
+        return usageError(problem);
+    }
+    const std::string& path = arguments.operands[0];
+    std::string text;
+    std::string error;
+    if (!readInput(path, text, error)) {
+        std::fprintf(stderr, "%s: cannot read %s: %s\n", kProgram, path.c_str(), error.c_str());
+        return kExitUsage;
+    }
+
+    SessionDescription offer;
+    Result result = SessionDescription::parse(text, offer);
+    MediaDescription answer;
+    StreamConfig negotiated;
+    std::vector<std::string> notes;
+    if (result.isSuccess()) {
+        std::size_t mediaIndex = 0;
+        while (mediaIndex + 1 < offer.mediaCount() && offer.media(mediaIndex).mediaType() != "audio") {
+            ++mediaIndex;
+        }
+        result = createAnswer(defaultCapabilities(), endpoint, offer, mediaIndex, answer, negotiated, &notes);
+        // Every result but a refused argument writes an answer to send back.
+        if (result.getCode() != InvalidParam) {
+            std::fputs(answer.toString().c_str(), stdout);
+        }
+    }
+    std::printf("\n");
+    for (const std::string& note : notes) {
+        std::printf("note: %s\n", note.c_str());
+    }
+    if (result.isSuccess()) {
+        std::fputs(negotiated.toString().c_str(), stdout);
     }
     std::printf("result: %s\n", result.format().c_str());
     return result.isSuccess() ? kExitSuccess : kExitFailure;
