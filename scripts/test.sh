@@ -32,6 +32,10 @@ if [ "$mode" = --valgrind ]; then
         "$build/sdp/tests/rvasdp_tests" --gtest_filter='-*DeathTest*' --gtest_brief=1
     valgrind --quiet --leak-check=full --errors-for-leak-kinds=definite --error-exitcode=1 \
         "$build/examples/rva_example" >/dev/null
+    for example in examples/*.sdp; do
+        valgrind --quiet --leak-check=full --errors-for-leak-kinds=definite --error-exitcode=1 \
+            "$build/sdp/tools/rva-sdp" stream "$example" >/dev/null
+    done
     for target in address_fuzzer operations_fuzzer sdp_fuzzer; do
         valgrind --quiet --leak-check=full --errors-for-leak-kinds=definite --error-exitcode=1 \
             "$build/fuzz/$target" "fuzz/corpus/$target" >/dev/null 2>&1
