@@ -223,7 +223,7 @@ std::string refusalOf(const AmrCodecCapabilities& capabilities, const AmrParamet
     if (weNeedPacing && offered.modeChangeCapability.value_or(1) != 2 && offered.modeChangePeriod.value_or(1) != 2) {
         return "mode-change-capability: the offerer cannot restrict mode changes to every second frame";
     }
-    return std::string();
+    return {};
 }
 
 // "payload type 97 (AMR-WB/16000)", or "payload type 97" when no name is known.
