@@ -8,6 +8,7 @@
 
 #include "Counted.h"
 #include "DtmfCodecConfig.h"
+#include "ExpectAbort.h"
 #include "LogCapture.h"
 
 namespace {
@@ -139,11 +140,11 @@ TEST(AmrCodecConfigTest, DifferentRateListsOnlyWarnAndroidLogFirst) {
 TEST(AmrCodecConfigDeathTest, ARateWithoutRankInTheBandAbortsAsEitherOperand) {
     const std::string kNoRank = "F/TESSEL .*Assertion it != mRatesRanks\\.end\\(\\) failed: Invalid AMR mode:";
     const AmrCodecConfig::AmrRatePreferenceComparator<BandTypeNb> narrow;
-    EXPECT_DEATH(narrow(AmrRate8, AmrRate7), kNoRank + "8 for band 8kHz\n");
-    EXPECT_DEATH(narrow(AmrRate7, AmrRate8), kNoRank + "8 for band 8kHz\n");
-    EXPECT_DEATH(AmrCodecConfig::AmrRatePreferenceComparator<BandTypeWb>()(static_cast<AmrRate>(9), AmrRate2),
+    EXPECT_ABORT(narrow(AmrRate8, AmrRate7), kNoRank + "8 for band 8kHz\n");
+    EXPECT_ABORT(narrow(AmrRate7, AmrRate8), kNoRank + "8 for band 8kHz\n");
+    EXPECT_ABORT(AmrCodecConfig::AmrRatePreferenceComparator<BandTypeWb>()(static_cast<AmrRate>(9), AmrRate2),
                  kNoRank + "9 for band 16kHz\n");
-    EXPECT_DEATH(withRates(BandTypeNb, {8, 7}).getPreferedAmrRate(), kNoRank + "8 for band 8kHz\n");
+    EXPECT_ABORT(withRates(BandTypeNb, {8, 7}).getPreferedAmrRate(), kNoRank + "8 for band 8kHz\n");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "AmrCodecCapabilities.h"
 #include "DtmfCodecCapabilities.h"
+#include "ExpectAbort.h"
 
 namespace {
 
@@ -20,9 +21,9 @@ struct PlainCodecCapabilities : CodecCapabilities {
 
 TEST(CodecCapabilitiesDeathTest, ConstructorAssertsAValidCodecIdThenAValidBandType) {
     const char* const kBadCodec = "KARDU.*Assertion failed: isCodecIdValid\\(mCodecId\\)";
-    EXPECT_DEATH(PlainCodecCapabilities(CodecId(2), BandTypeWb), kBadCodec);
-    EXPECT_DEATH(PlainCodecCapabilities(CodecId(-1), BandType(2)), kBadCodec);
-    EXPECT_DEATH(PlainCodecCapabilities(CodecIdDtmf, BandType(-1)),
+    EXPECT_ABORT(PlainCodecCapabilities(CodecId(2), BandTypeWb), kBadCodec);
+    EXPECT_ABORT(PlainCodecCapabilities(CodecId(-1), BandType(2)), kBadCodec);
+    EXPECT_ABORT(PlainCodecCapabilities(CodecIdDtmf, BandType(-1)),
                  "KARDU.*Assertion failed: isBandTypeValid\\(mBandType\\)");
 }
 

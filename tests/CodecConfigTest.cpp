@@ -6,6 +6,7 @@
 #include <string>
 
 #include "DtmfCodecConfig.h"
+#include "ExpectAbort.h"
 
 namespace {
 
@@ -67,14 +68,14 @@ TEST(CodecConfigTest, AssignmentCopiesAllFiveFieldsAndACloneIsAnIndependentCopy)
 
 TEST(CodecConfigDeathTest, ConstructorAndCheckCodecIdAbortWithTheFailedCondition) {
     const char* const kBadCodec = "KARDU.*Assertion failed: isCodecIdValid\\(mCodecId\\)";
-    EXPECT_DEATH(NarrowOnlyConfig(static_cast<CodecId>(2), BandTypeWb, 99, 20, 240), kBadCodec);
-    EXPECT_DEATH(NarrowOnlyConfig(static_cast<CodecId>(-1), static_cast<BandType>(7), 99, 20, 240), kBadCodec);
-    EXPECT_DEATH(NarrowOnlyConfig(CodecIdAmr, static_cast<BandType>(2), 99, 20, 240),
+    EXPECT_ABORT(NarrowOnlyConfig(static_cast<CodecId>(2), BandTypeWb, 99, 20, 240), kBadCodec);
+    EXPECT_ABORT(NarrowOnlyConfig(static_cast<CodecId>(-1), static_cast<BandType>(7), 99, 20, 240), kBadCodec);
+    EXPECT_ABORT(NarrowOnlyConfig(CodecIdAmr, static_cast<BandType>(2), 99, 20, 240),
                  "KARDU.*Assertion failed: isBandTypeValid\\(mBandType\\)");
 
     const std::string kMismatch = "F/TESSEL .*Assertion candidateCodecId == requiredCodecId failed: Expecting codec ";
-    EXPECT_DEATH(CodecConfig::checkCodecId(CodecIdAmr, CodecIdDtmf), kMismatch + "AMR instead of DTMF\n");
-    EXPECT_DEATH(CodecConfig::checkCodecId(CodecIdDtmf, CodecIdAmr), kMismatch + "DTMF instead of AMR\n");
+    EXPECT_ABORT(CodecConfig::checkCodecId(CodecIdAmr, CodecIdDtmf), kMismatch + "AMR instead of DTMF\n");
+    EXPECT_ABORT(CodecConfig::checkCodecId(CodecIdDtmf, CodecIdAmr), kMismatch + "DTMF instead of AMR\n");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "ExpectAbort.h"
 #include "LogCapture.h"
 
 namespace {
@@ -37,7 +38,7 @@ TEST(GenericLogTest, EachRecordReachesTheAndroidLogThenStandardError) {
 TEST(GenericLogDeathTest, FailedAssertionLogsOneFatalLineAndAborts) {
     const int value = 42;
     TESSEL_ASSERT(value == 42, "never printed");
-    EXPECT_DEATH(TESSEL_ASSERT(value == 3, "value " << value << " is not " << 3),
+    EXPECT_ABORT(TESSEL_ASSERT(value == 3, "value " << value << " is not " << 3),
                  "F/TESSEL tests/GenericLogTest\\.cpp:[0-9]+: Assertion value == 3 failed: value 42 is not 3\n");
 }
 
