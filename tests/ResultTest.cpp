@@ -4,7 +4,9 @@
 
 #include <cerrno>
 #include <cstring>
+#include <ostream>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -42,10 +44,20 @@ TEST(ResultTest, FormatsDescriptionCodeMessageAndContext) {
     EXPECT_EQ(std::string(std::strerror(EINVAL)) + " (Code 22): path", (Result<ErrnoTrait>(EINVAL) << "path").format());
 }
 
-TEST(ResultTest, AppendsPrintedValuesWithoutSeparators) {
+// An enumeration with its own text.
+enum Colour { Red, Green };
+std::ostream& operator<<(std::ostream& out, Colour colour) { return out << (colour == Red ? "red" : "green"); }
+
+// What an output string stream prints, piece after piece: a null text prints nothing
+// (the stream only marks itself bad), nullptr prints "nullptr", an enumeration with its
+// own operator<< prints its text, one without prints its number.
+TEST(ResultTest, AppendsWhatAStringStreamPrintsWithoutSeparators) {
+    const char* const noText = nullptr;
+    char* const noMutableText = nullptr;
     TestResult result(InvalidParam);
-    result << "Bad rate: " << 9 << ' ' << std::string("and") << -1 << 4294967295U << InvalidParam << 2.5;
-    EXPECT_EQ("Bad rate: 9 and-1429496729510022.5", result.mMessage);
+    result << "Bad rate: " << 9 << ' ' << std::string("and") << -1 << 4294967295U << InvalidParam << 2.5 << noText
+           << "|" << noMutableText << nullptr << "|" << Green << Red << true << std::string_view("!");
+    EXPECT_EQ("Bad rate: 9 and-1429496729510022.5|nullptr|greenred1!", result.mMessage);
 }
 
 TEST(ResultTest, FoldingKeepsTheFirstFailureAndChainsTheRestInOrder) {

@@ -15,10 +15,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <ios>
+#include <ostream>
 #include <sstream>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 #include "RvaExport.h"
 
@@ -70,7 +73,9 @@ public:
         return instance;
     }
 
-    // Appends the text an output string stream produces for `value` to mMessage.
+    // Appends the text an output string stream produces for `value` to mMessage: a null
+    // text appends nothing, nullptr appends "nullptr", an enumeration with its own
+    // operator<< appends its text.
     template <typename T>
     Result& operator<<(const T& value) {
         Append<T>::run(*this, value);
@@ -137,22 +142,40 @@ public:
     std::string mContext;
 };
 
-// Text and integers, the common cases, are appended directly; the printed form is the
-// one an output string stream gives (strings as they are, integers in decimal).
+namespace detail {
+// Whether `out << value` compiles for a T.
+template <typename T, typename = void>
+struct IsPrintable : std::false_type {};
+template <typename T>
+struct IsPrintable<T, std::void_t<decltype(std::declval<std::ostream&>() << std::declval<const T&>())>>
+    : std::true_type {};
+}  // namespace detail
+
+// Text and integers, the common cases, are appended directly, as an output string stream
+// prints them (strings as they are, a null text as nothing, integers in decimal);
+// everything else goes through a string stream. A scoped enumeration, which a stream
+// cannot print, appends its number.
 template <typename Trait>
 template <typename T>
 void Result<Trait>::Append<T>::run(Result& result, const T& value) {
-    if constexpr (std::is_convertible_v<const T&, const char*> || std::is_same_v<T, std::string>) {
+    if constexpr (std::is_same_v<T, std::string>) {
         result.mMessage += value;
+    } else if constexpr (std::is_convertible_v<const T&, const char*> && !std::is_same_v<T, std::nullptr_t>) {
+        const char* const text = value;
+        if (text != nullptr) {
+            result.mMessage += text;
+        }
     } else if constexpr (std::is_integral_v<T> && !std::is_same_v<T, bool> && !std::is_same_v<T, char> &&
                          !std::is_same_v<T, signed char> && !std::is_same_v<T, unsigned char>) {
         result.mMessage += std::to_string(value);
-    } else if constexpr (std::is_enum_v<T>) {
-        result.mMessage += std::to_string(static_cast<std::underlying_type_t<T>>(value));
-    } else {
+    } else if constexpr (detail::IsPrintable<T>::value) {
         std::ostringstream stream;
+        stream.exceptions(std::ios::badbit);  // an allocation failure must not pass for a bad stream
         stream << value;
         result.mMessage += stream.str();
+    } else {
+        static_assert(std::is_enum_v<T>, "Result appends what an output stream can print");
+        result.mMessage += std::to_string(static_cast<std::underlying_type_t<T>>(value));
     }
 }
 
