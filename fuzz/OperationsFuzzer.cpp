@@ -340,7 +340,7 @@ void capsOperation(State& s, ByteReader& in) {
     CodecCapabilities& codec = in.flag() ? static_cast<CodecCapabilities&>(s.dtmfCaps) : amr;
     // Counts keep their low 32 bits and read back sign-extended.
     const std::uint64_t count = (static_cast<std::uint64_t>(integer(in)) << 32) | static_cast<std::uint32_t>(value);
-    const unsigned long widened = static_cast<unsigned long>(static_cast<long>(value));
+    const std::uint64_t widened = static_cast<std::uint64_t>(static_cast<std::int64_t>(value));
     switch (in.byte() % 24) {
         case 0: amr.setOctetAlignModeRequired(on); break;
         case 1: amr.setDTXModeSupport(on); break;

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <memory>
+#include <type_traits>
 #include <vector>
 
 #include "AmrCodecCapabilities.h"
@@ -27,9 +29,19 @@ TEST(CodecCapabilitiesDeathTest, ConstructorAssertsAValidCodecIdThenAValidBandTy
                  "KARDU.*Assertion failed: isBandTypeValid\\(mBandType\\)");
 }
 
+// The counts are read and set as 64-bit values on every ABI, 32-bit ones included.
+typedef std::uint64_t (CodecCapabilities::*CountGetter)() const;
+typedef void (CodecCapabilities::*CountSetter)(std::uint64_t);
+static_assert(std::is_same_v<decltype(&CodecCapabilities::getPacketTime), CountGetter> &&
+              std::is_same_v<decltype(&CodecCapabilities::getMaxPacketTime), CountGetter> &&
+              std::is_same_v<decltype(&CodecCapabilities::getChannelCount), CountGetter> &&
+              std::is_same_v<decltype(&CodecCapabilities::setPacketTime), CountSetter> &&
+              std::is_same_v<decltype(&CodecCapabilities::setMaxPacketTime), CountSetter> &&
+              std::is_same_v<decltype(&CodecCapabilities::setChannelCount), CountSetter>);
+
 // Both concrete classes start from band 1, 20 ms, 240 ms and one channel; the codec id
 // alone keeps them apart. The setters store without checks; the three counts keep their
-// low 32 bits and read back sign-extended (~0UL is 18446744073709551615). A clone
+// low 32 bits and read back sign-extended (18446744073709551615 when every bit is set). A clone
 // carries every field.
 TEST(CodecCapabilitiesTest, DtmfDiffersFromAmrByCodecAloneAndStoresUncheckedSignExtendedValues) {
     DtmfCodecCapabilities dtmf;
@@ -39,13 +51,14 @@ TEST(CodecCapabilitiesTest, DtmfDiffersFromAmrByCodecAloneAndStoresUncheckedSign
 
     dtmf.setBandType(BandType(2));
     EXPECT_EQ(2, dtmf.getBandType());
-    const unsigned long setAndRead[][2] = {{2147483647UL, 2147483647UL}, {4294967295UL, ~0UL}, {8589934591UL, ~0UL}};
+    const std::uint64_t setAndRead[][2] = {
+        {2147483647U, 2147483647U}, {4294967295U, ~std::uint64_t{0}}, {8589934591U, ~std::uint64_t{0}}};
     for (const auto& value : setAndRead) {
         dtmf.setPacketTime(value[0]);
         dtmf.setMaxPacketTime(value[0]);
         dtmf.setChannelCount(value[0]);
-        EXPECT_EQ(std::vector<unsigned long>(3, value[1]),
-                  (std::vector<unsigned long>{dtmf.getPacketTime(), dtmf.getMaxPacketTime(), dtmf.getChannelCount()}));
+        EXPECT_EQ(std::vector<std::uint64_t>(3, value[1]),
+                  (std::vector<std::uint64_t>{dtmf.getPacketTime(), dtmf.getMaxPacketTime(), dtmf.getChannelCount()}));
     }
     EXPECT_TRUE(*std::unique_ptr<CodecCapabilities>(dtmf.clone()) == dtmf);
 }

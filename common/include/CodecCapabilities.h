@@ -44,21 +44,22 @@ public:
 
     CodecId getCodecId() const { return mCodecId; }
     BandType getBandType() const { return mBandType; }
-    // The counts are kept in 32 bits: setters keep the low 32 bits, getters widen with
-    // sign extension, so setPacketTime(8589934591) reads back as 18446744073709551615.
-    unsigned long getPacketTime() const { return widen(mPacketTime); }
-    unsigned long getMaxPacketTime() const { return widen(mMaxPacketTime); }
-    unsigned long getChannelCount() const { return widen(mChannelCount); }
+    // The counts are kept in 32 bits and set and read as 64-bit values on every ABI (the
+    // type of unsigned long on 64-bit ones): setters keep the low 32 bits, getters widen
+    // with sign extension, so setPacketTime(8589934591) reads back as 18446744073709551615.
+    std::uint64_t getPacketTime() const { return widen(mPacketTime); }
+    std::uint64_t getMaxPacketTime() const { return widen(mMaxPacketTime); }
+    std::uint64_t getChannelCount() const { return widen(mChannelCount); }
 
     // Stored as given, even an invalid band; only construction asserts the band.
     void setBandType(BandType bandType) { mBandType = bandType; }
-    void setPacketTime(unsigned long packetTime) { mPacketTime = narrow(packetTime); }
-    void setMaxPacketTime(unsigned long maxPacketTime) { mMaxPacketTime = narrow(maxPacketTime); }
-    void setChannelCount(unsigned long channelCount) { mChannelCount = narrow(channelCount); }
+    void setPacketTime(std::uint64_t packetTime) { mPacketTime = narrow(packetTime); }
+    void setMaxPacketTime(std::uint64_t maxPacketTime) { mMaxPacketTime = narrow(maxPacketTime); }
+    void setChannelCount(std::uint64_t channelCount) { mChannelCount = narrow(channelCount); }
 
 private:
-    static unsigned long widen(int value) { return static_cast<unsigned long>(static_cast<long>(value)); }
-    static int narrow(unsigned long value) { return static_cast<int>(static_cast<std::uint32_t>(value)); }
+    static std::uint64_t widen(int value) { return static_cast<std::uint64_t>(static_cast<std::int64_t>(value)); }
+    static int narrow(std::uint64_t value) { return static_cast<int>(static_cast<std::uint32_t>(value)); }
 
     CodecId mCodecId;
     BandType mBandType;
