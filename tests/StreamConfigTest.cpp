@@ -5,11 +5,13 @@
 #include <string>
 #include <tuple>
 #include <typeinfo>
+#include <utility>
 #include <vector>
 
 #include "AmrCodecConfig.h"
 #include "Counted.h"
 #include "DtmfCodecConfig.h"
+#include "LogCapture.h"
 
 namespace {
 
@@ -156,6 +158,55 @@ TEST(StreamConfigTest, DefaultsToFullDuplexToTheLoopbackWithRtcpOn) {
                           "  RtcpConfig: AS=64 RS=800 RR=0 interval=5000  ReducedSizeMode=0\n  IsHeld: 0\n"
                           "  RtpProfile: 3551\n  PdpContext: primaryCID=1 secondaryCID=1\n"),
               stream.toString());
+}
+
+// Stream equality is exact: each codec field counts, packet times, rates in order and
+// mode-change settings included, and so do the order and the class of the codecs. The
+// codecs' own narrower comparison and its rate warnings take no part: nothing is logged.
+TEST(StreamConfigTest, EqualityComparesEveryCodecFieldInOrderAndLogsNothing) {
+    const std::pair<const char*, void (*)(AmrCodecConfig&)> changes[] = {
+        {"nothing", [](AmrCodecConfig&) {}},
+        {"band", [](AmrCodecConfig& a) { a.setBandType(BandTypeNb); }},
+        {"payload type", [](AmrCodecConfig& a) { a.setPayloadType(96); }},
+        {"packet time", [](AmrCodecConfig& a) { a.setPacketTime(40); }},
+        {"max packet time", [](AmrCodecConfig& a) { a.setMaxPacketTime(120); }},
+        {"octet align", [](AmrCodecConfig& a) { a.setOctetAlignMode(true); }},
+        {"dtx", [](AmrCodecConfig& a) { a.setDTXMode(false); }},
+        {"redundancy", [](AmrCodecConfig& a) { a.setRdcyMode(true); }},
+        {"max redundancy", [](AmrCodecConfig& a) { a.setMaxRdcy(2); }},
+        {"crc", [](AmrCodecConfig& a) { a.setCrcMode(true); }},
+        {"robust sorting", [](AmrCodecConfig& a) { a.setRobustSortingMode(true); }},
+        {"interleaving", [](AmrCodecConfig& a) { a.setInterleavingMode(true); }},
+        {"mode change neighbor", [](AmrCodecConfig& a) { a.setModeChangeNeighbor(true); }},
+        {"mode change period", [](AmrCodecConfig& a) { a.setModeChangePeriod(ModeChangePeriodTwoFrames); }},
+        {"rate order",
+         [](AmrCodecConfig& a) { a.clearAmrRateVector(), a.addAmrRate(AmrRate2), a.addAmrRate(AmrRate1); }},
+        {"one rate more", [](AmrCodecConfig& a) { a.addAmrRate(AmrRate7); }},
+    };
+    const auto uplinkOf = [](const CodecConfig& first, const CodecConfig& second) {
+        StreamConfig stream;
+        EXPECT_TRUE(stream.addUplinkCodec(first).isSuccess() && stream.addUplinkCodec(second).isSuccess());
+        return stream;
+    };
+    AmrCodecConfig amr;
+    amr.addAmrRate(AmrRate1);
+    amr.addAmrRate(AmrRate2);
+    const DtmfCodecConfig dtmf;
+    const StreamConfig stream = uplinkOf(amr, dtmf);
+    rvatest::AndroidLogCapture android;
+    rvatest::StderrCapture stderrCapture;
+    for (const auto& [name, change] : changes) {
+        SCOPED_TRACE(name);
+        AmrCodecConfig changed = amr;
+        change(changed);
+        const bool same = std::string(name) == "nothing";
+        EXPECT_EQ(same, stream == uplinkOf(changed, dtmf));
+        EXPECT_EQ(!same, uplinkOf(changed, dtmf) != stream);
+    }
+    EXPECT_FALSE(stream == uplinkOf(dtmf, amr));
+    EXPECT_FALSE(stream == uplinkOf(amr, CountedCodec()));  // same fields, another class
+    EXPECT_EQ("", stderrCapture.text());
+    EXPECT_TRUE(android.all().empty());
 }
 
 TEST(StreamConfigTest, EveryFieldIsPrintedAndTakesPartInEquality) {

@@ -89,8 +89,12 @@ public:
     // deleted). No validation.
     void copyFrom(const StreamConfig& other);
 
-    // Every field, and the codec lists element by element in order with the codecs' own
-    // comparison (which for AMR ignores packet times and only warns about rate lists).
+    // Exact, and silent: every field, and the codec lists element by element in order,
+    // two codecs matching only when they are of the same class with every field equal
+    // (packet times, AMR rates in order and mode-change settings included). As opposed to
+    // the codecs' own operator==, which leaves packet times and the AMR mode-change
+    // settings out and only logs a warning about differing AMR rates, nothing is left out
+    // and nothing is logged: call control asks this whether a renegotiated stream changed.
     bool operator==(const StreamConfig& other) const;
     bool operator!=(const StreamConfig& other) const { return !(*this == other); }
 
