@@ -78,7 +78,7 @@ TEST(AmrCodecCapabilitiesTest, RefusedSettersLeaveTheObjectUnchangedWhileZeroAnd
 // side; a DTMF object relabelled AMR through the base assignment is never taken for AMR.
 TEST(AmrCodecCapabilitiesTest, EqualityHoldsBothWaysForDerivedAndNeverReadsOtherTypesAsAmr) {
     struct DerivedAmr : AmrCodecCapabilities {
-        CodecCapabilities* clone() const override { return new DerivedAmr(*this); }
+        CodecCapabilities* clone() const noexcept override { return new DerivedAmr(*this); }
     };
     const AmrCodecCapabilities amr;
     const DerivedAmr derived;

@@ -18,7 +18,7 @@ using namespace tessel::rva;
 // The base made concrete, so that any codec id and band reach its constructor.
 struct PlainCodecCapabilities : CodecCapabilities {
     PlainCodecCapabilities(CodecId codecId, BandType bandType) : CodecCapabilities(codecId, bandType, 20, 240, 1) {}
-    CodecCapabilities* clone() const override { return new PlainCodecCapabilities(*this); }
+    CodecCapabilities* clone() const noexcept override { return new PlainCodecCapabilities(*this); }
 };
 
 TEST(CodecCapabilitiesDeathTest, ConstructorAssertsAValidCodecIdThenAValidBandType) {

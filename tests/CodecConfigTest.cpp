@@ -19,7 +19,7 @@ struct NarrowOnlyConfig : CodecConfig {
         ++mQueries;
         return bandType != BandTypeWb;
     }
-    CodecConfig* clone() const override { return new NarrowOnlyConfig(*this); }
+    CodecConfig* clone() const noexcept override { return new NarrowOnlyConfig(*this); }
     mutable int mQueries = 0;
 };
 

@@ -13,6 +13,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
+#include <ios>
 #include <sstream>
 #include <string>
 
@@ -97,7 +98,9 @@ public:
     template <details::Level::Enum L>
     class Stream {
     public:
-        explicit Stream(const char* tag) : mTag(tag) {}
+        // A failed allocation while the text is built is let through (to the noexcept
+        // operation that logs), not swallowed as a bad stream that logs a truncated line.
+        explicit Stream(const char* tag) noexcept : mTag(tag) { mStream.exceptions(std::ios::badbit); }
         Stream(const Stream&) = delete;
         Stream& operator=(const Stream&) = delete;
         ~Stream() {
@@ -116,7 +119,7 @@ public:
         }
 
         template <typename T>
-        Stream& operator<<(const T& value) {
+        Stream& operator<<(const T& value) noexcept {
             mStream << value;
             return *this;
         }

@@ -3,6 +3,7 @@
 // Nothing in the library throws. A setter that refuses its argument, a check() of a
 // whole record and the clock's error path all return a Result by value. The Trait
 // decides which numbers are codes, which one means success and how each is described.
+// The operations that allocate are noexcept: memory exhaustion ends the process.
 //
 //   Result<CodecConfig::ResultTrait> r = Result<CodecConfig::ResultTrait>::success();
 //   r &= Result<CodecConfig::ResultTrait>(CodecConfig::InvalidConfiguration) << "first";
@@ -33,7 +34,7 @@ namespace result {
 struct RVA_EXPORT ErrnoTrait {
     typedef int Code;
     static constexpr Code SuccessCode = 0;
-    static std::string describe(Code code) { return code == SuccessCode ? "Success" : std::strerror(code); }
+    static std::string describe(Code code) noexcept { return code == SuccessCode ? "Success" : std::strerror(code); }
 };
 
 // The trait shape shared by the library's record classes: codes numbered from 1000
@@ -60,15 +61,22 @@ public:
     typedef typename Trait::Code Code;
 
     // A result with the given code and no text; the start of a message chain.
-    Result(Code code) : mCode(code) {}  // NOLINT(google-explicit-constructor): codes convert on purpose
-    Result(const Result& other) = default;
+    Result(Code code) noexcept : mCode(code) {}  // NOLINT(google-explicit-constructor): codes convert on purpose
+    Result(const Result& other) noexcept
+        : mCode(other.mCode), mMessage(other.mMessage), mChained(other.mChained), mContext(other.mContext) {}
     Result(Result&& other) noexcept = default;
-    Result& operator=(const Result& other) = default;
+    Result& operator=(const Result& other) noexcept {
+        mCode = other.mCode;
+        mMessage = other.mMessage;
+        mChained = other.mChained;
+        mContext = other.mContext;
+        return *this;
+    }
     Result& operator=(Result&& other) noexcept = default;
     ~Result() = default;
 
     // The trait's shared success value (built on first use, never modified); callers copy it.
-    static const Result& success() {
+    static const Result& success() noexcept {
         static const Result instance(Trait::SuccessCode);
         return instance;
     }
@@ -77,14 +85,14 @@ public:
     // text appends nothing, nullptr appends "nullptr", an enumeration with its own
     // operator<< appends its text.
     template <typename T>
-    Result& operator<<(const T& value) {
+    Result& operator<<(const T& value) noexcept {
         Append<T>::run(*this, value);
         return *this;
     }
 
     // Folds `other` in. A success becomes `other`; a failure keeps its own code, message
     // and context, and a failing `other` is appended to mChained as " && " + other.format().
-    Result& operator&=(Result other) {
+    Result& operator&=(Result other) noexcept {
         if (isSuccess()) {
             *this = std::move(other);
         } else if (!other.isSuccess()) {
@@ -96,7 +104,7 @@ public:
 
     // "Success" for the success code whatever text is held; otherwise
     // "<description> (Code <n>)[: <message>[ ]{<context>}]<chained>".
-    std::string format() const {
+    std::string format() const noexcept {
         if (isSuccess()) {
             return "Success";
         }
@@ -128,12 +136,12 @@ public:
     Code getCode() const { return mCode; }
     bool isSuccess() const { return mCode == Trait::SuccessCode; }
     // An extra detail that format() prints in braces after the message.
-    void setContext(const std::string& context) { mContext = context; }
+    void setContext(const std::string& context) noexcept { mContext = context; }
 
     // Appends the printed form of a value to a result's message.
     template <typename T>
     struct Append {
-        static void run(Result& result, const T& value);
+        static void run(Result& result, const T& value) noexcept;
     };
 
     Code mCode;
@@ -157,7 +165,7 @@ struct IsPrintable<T, std::void_t<decltype(std::declval<std::ostream&>() << std:
 // cannot print, appends its number.
 template <typename Trait>
 template <typename T>
-void Result<Trait>::Append<T>::run(Result& result, const T& value) {
+void Result<Trait>::Append<T>::run(Result& result, const T& value) noexcept {
     if constexpr (std::is_same_v<T, std::string>) {
         result.mMessage += value;
     } else if constexpr (std::is_convertible_v<const T&, const char*> && !std::is_same_v<T, std::nullptr_t>) {

@@ -21,17 +21,17 @@ namespace rva {
 class RVA_EXPORT AmrCodecCapabilities : public CodecCapabilities {
 public:
     AmrCodecCapabilities();
-    AmrCodecCapabilities(const AmrCodecCapabilities& other);
-    AmrCodecCapabilities& operator=(const AmrCodecCapabilities& other);
+    AmrCodecCapabilities(const AmrCodecCapabilities& other) noexcept;
+    AmrCodecCapabilities& operator=(const AmrCodecCapabilities& other) noexcept;
     ~AmrCodecCapabilities() override;
 
     // Copies the AMR fields only; the generic fields are left as they are.
-    void copyFrom(const AmrCodecCapabilities& other);
+    void copyFrom(const AmrCodecCapabilities& other) noexcept;
 
     // The generic fields and every AMR field, the stored maximum redundancy even when
     // redundancy is off, and the rate lists in order ({a, b} differs from {b, a}).
     bool operator==(const CodecCapabilities& other) const override;
-    CodecCapabilities* clone() const override;
+    CodecCapabilities* clone() const noexcept override;
 
     void setOctetAlignModeRequired(bool required) { mOctetAlignModeRequired = required; }
     bool isOctetAlignModeRequired() const { return mOctetAlignModeRequired; }
@@ -54,15 +54,15 @@ public:
     bool isInterleavingModeSupported() const { return mInterleavingModeSupported; }
 
     // Stores 0 or 1; otherwise 1002 "Bad mode change period: N", the period unchanged.
-    Result setModeChangePeriod(ModeChangePeriod period);
+    Result setModeChangePeriod(ModeChangePeriod period) noexcept;
     ModeChangePeriod getModeChangePeriod() const { return mModeChangePeriod; }
     // Stores 0 or 1; otherwise 1002 "Bad mode change capability: N", unchanged.
-    Result setModeChangeCapability(ModeChangeCapability capability);
+    Result setModeChangeCapability(ModeChangeCapability capability) noexcept;
     ModeChangeCapability getModeChangeCapability() const { return mModeChangeCapability; }
 
     // Appends a rate in 0..8 (a rate already present stays where it is, success either
     // way); any other value returns 1002 "Bad amr rate: N" and leaves the list unchanged.
-    Result addSupportedAmrRate(AmrRate rate);
+    Result addSupportedAmrRate(AmrRate rate) noexcept;
     std::size_t getSupportedAmrRateCount() const { return mSupportedAmrRates.size(); }
     // The rate at `index` in insertion order, or -1 past the end.
     AmrRate getSupportedAmrRate(std::size_t index) const;

@@ -29,14 +29,14 @@ public:
     template <BandType Band>
     class RVA_EXPORT AmrRatePreferenceComparator {
     public:
-        AmrRatePreferenceComparator() { initRatesRanks(); }
+        AmrRatePreferenceComparator() noexcept { initRatesRanks(); }
 
         // Fills mRatesRanks with the band's table.
-        void initRatesRanks();
+        void initRatesRanks() noexcept;
 
         // True when `lhs` is more preferred than `rhs`. A rate without a rank in the band
         // (8 in narrow band) is a fatal assertion: "Invalid AMR mode:8 for band 8kHz".
-        bool operator()(const AmrRate& lhs, const AmrRate& rhs) const;
+        bool operator()(const AmrRate& lhs, const AmrRate& rhs) const noexcept;
 
         std::map<AmrRate, unsigned int> mRatesRanks;
     };
@@ -56,25 +56,25 @@ public:
     static const BandType DEFAULT_BAND_TYPE;
 
     AmrCodecConfig();
-    AmrCodecConfig(const AmrCodecConfig& other);
-    AmrCodecConfig& operator=(const AmrCodecConfig& other);
+    AmrCodecConfig(const AmrCodecConfig& other) noexcept;
+    AmrCodecConfig& operator=(const AmrCodecConfig& other) noexcept;
     ~AmrCodecConfig() override;
 
     // Copies the AMR fields only; the generic codec fields are left as they are.
-    void copyFrom(const AmrCodecConfig& other);
+    void copyFrom(const AmrCodecConfig& other) noexcept;
 
     bool isSupportedBandType(BandType bandType) const override;
     // The generic packet-time rules first (their result returned as it stands on
     // failure); then 1003 "Amr rate list is empty." or 1003 "Invalid rate: N" for the
     // first rate the band does not have (8 in narrow band).
-    Result check() const override;
-    CodecConfig* clone() const override;
+    Result check() const noexcept override;
+    CodecConfig* clone() const noexcept override;
     // Codec id, band type, payload type and the payload-format options; packet times and
     // the two mode-change fields take no part. Differing rate lists do not make the
     // configurations unequal: they only log three warnings (tag "ORVA").
-    bool operator==(const CodecConfig& other) const override;
+    bool operator==(const CodecConfig& other) const noexcept override;
     // The generic five lines followed by eleven AMR lines.
-    std::string toString() const override;
+    std::string toString() const noexcept override;
 
     void setOctetAlignMode(bool enabled) { mOctetAlignEnabled = enabled; }
     bool isOctetAlignModeEnabled() const { return mOctetAlignEnabled; }
@@ -99,7 +99,7 @@ public:
     // Appends a rate in 0..8; a rate already in the list is accepted and not repeated.
     // Any other value returns 1002 "Bad amr rate: N" and leaves the list unchanged. The
     // band is not consulted: check() refuses 8 in narrow band.
-    Result addAmrRate(AmrRate rate);
+    Result addAmrRate(AmrRate rate) noexcept;
     bool containAmrRate(AmrRate rate) const;
     unsigned long getAmrRateCount() const { return mAmrRates.size(); }
     // The rate at `index` in insertion order, or 0xFFFFFFFF past the end.
@@ -109,7 +109,7 @@ public:
     // The most preferred rate of the band (narrow band for band 0, wide band otherwise),
     // or 0xFFFFFFFF for an empty list. Rate 8 in a narrow-band list of two or more rates
     // is a fatal assertion: call check() first.
-    AmrRate getPreferedAmrRate() const;
+    AmrRate getPreferedAmrRate() const noexcept;
 
 private:
     bool mOctetAlignEnabled;

@@ -39,8 +39,9 @@ public:
     // The negation of the left object's virtual operator==, so derived fields count too.
     bool operator!=(const CodecCapabilities& other) const { return !(*this == other); }
 
-    // A new heap copy of the concrete object; the caller owns it.
-    virtual CodecCapabilities* clone() const = 0;
+    // A new heap copy of the concrete object; the caller owns it. Noexcept in a derived
+    // class too: memory exhaustion ends the process.
+    virtual CodecCapabilities* clone() const noexcept = 0;
 
     CodecId getCodecId() const { return mCodecId; }
     BandType getBandType() const { return mBandType; }

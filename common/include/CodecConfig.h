@@ -2,7 +2,9 @@
 // on which band, with which RTP payload type, packet time and maximum packet time.
 //
 // Abstract base of AmrCodecConfig and DtmfCodecConfig. Stream configurations hold codec
-// configurations through base pointers and copy them with clone().
+// configurations through base pointers and copy them with clone(). The virtual operations
+// that can allocate are noexcept, in a derived class too: memory exhaustion ends the
+// process instead of leaving a stream half-copied.
 //
 //   DtmfCodecConfig dtmf;
 //   CodecConfig::Result r = dtmf.setBandType(BandTypeNb);   // 1002 "Bad band type: N" if refused
@@ -42,19 +44,19 @@ public:
     // Packet-time rules, every failing one folded into one 1003 result, in this order:
     // "Packet time must be greater than 0", "Max packet time must be greater than 0",
     // "Packet time 'P' must be lesser or equal than max packet time 'M'".
-    virtual Result check() const;
+    virtual Result check() const noexcept;
 
     // A new heap copy of the concrete object; the caller owns it.
-    virtual CodecConfig* clone() const = 0;
+    virtual CodecConfig* clone() const noexcept = 0;
 
     // Compares codec id, band type and payload type only. As opposed to a field-by-field
     // comparison, packet time and maximum packet time take no part, deliberately.
-    virtual bool operator==(const CodecConfig& other) const;
+    virtual bool operator==(const CodecConfig& other) const noexcept;
     bool operator!=(const CodecConfig& other) const { return !(*this == other); }
 
     // Five lines "    Codec: ", "    BandType: ", "    PayloadType: ", "    PacketTime: ",
     // "    MaxPacketTime: ", each ended by a newline; no heading.
-    virtual std::string toString() const;
+    virtual std::string toString() const noexcept;
 
     // Copies all five fields without any check.
     void copyFrom(const CodecConfig& other);
@@ -72,11 +74,11 @@ public:
 
     // Stores a valid band that the codec supports; otherwise returns 1002
     // "Bad band type: N" and keeps the old band.
-    Result setBandType(BandType bandType);
+    Result setBandType(BandType bandType) noexcept;
 
     // Fatal assertion (tag "TESSEL", "Expecting codec <required> instead of <candidate>")
     // unless the ids are equal; for callers that downcast a configuration.
-    static void checkCodecId(CodecId requiredCodecId, CodecId candidateCodecId);
+    static void checkCodecId(CodecId requiredCodecId, CodecId candidateCodecId) noexcept;
 
 private:
     CodecId mCodecId;

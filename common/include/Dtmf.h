@@ -40,7 +40,7 @@ public:
 
     // The map of the sixteen key characters, built on the first call; later calls set
     // the same entries again and change nothing.
-    static std::map<char, Key>& initDtmfCharMap();
+    static std::map<char, Key>& initDtmfCharMap() noexcept;
 
     // Writes the key of `character` into `key` and returns true; for any other character
     // (lower-case 'a'..'d' included) returns false and leaves `key` untouched.

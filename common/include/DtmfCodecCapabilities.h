@@ -19,7 +19,7 @@ public:
     DtmfCodecCapabilities& operator=(const DtmfCodecCapabilities& other);
     ~DtmfCodecCapabilities() override;
 
-    CodecCapabilities* clone() const override;
+    CodecCapabilities* clone() const noexcept override;
 };
 
 }  // namespace rva

@@ -29,7 +29,7 @@ public:
 
     // True for both valid bands, false for every other value.
     bool isSupportedBandType(BandType bandType) const override;
-    CodecConfig* clone() const override;
+    CodecConfig* clone() const noexcept override;
 };
 
 }  // namespace rva

@@ -19,7 +19,7 @@ public:
     // Milliseconds of the system's monotonic clock; successive readings never decrease.
     // A clock that cannot be read is a broken platform: the failure is logged as a fatal
     // assertion (tag "TESSEL", with errno and its description) and the process aborts.
-    static std::int64_t getTime();
+    static std::int64_t getTime() noexcept;
 };
 
 }  // namespace common

@@ -28,16 +28,16 @@ class RVA_EXPORT StreamCapabilities {
 public:
     // No codec capabilities, default RtcpConfig, no profiles.
     StreamCapabilities();
-    StreamCapabilities(const StreamCapabilities& other);
+    StreamCapabilities(const StreamCapabilities& other) noexcept;
     // Does nothing when `other` is this object; otherwise copyFrom(other).
-    StreamCapabilities& operator=(const StreamCapabilities& other);
+    StreamCapabilities& operator=(const StreamCapabilities& other) noexcept;
     // Deletes every codec capability held.
     virtual ~StreamCapabilities();
 
     // Copies RTCP capabilities and profiles, deletes this object's codec capabilities and
     // clones `other`'s in order. Unlike operator=, it does not guard against `other` being
     // this object: then the codec list ends empty (profiles and RTCP values survive).
-    void copyFrom(const StreamCapabilities& other);
+    void copyFrom(const StreamCapabilities& other) noexcept;
 
     // RTCP capabilities, then profiles, then codec capabilities in order, each compared
     // with its own (virtual) comparison, so AMR fields count.
@@ -49,7 +49,7 @@ public:
     // clearCodecCapabilities(), copyFrom(), assignment or destruction.
     const CodecCapabilities* getCodecCapabilities(std::size_t index) const;
     // Appends a clone of `caps`; adding the same capabilities twice holds two copies.
-    void addCodecCapabilities(const CodecCapabilities& caps);
+    void addCodecCapabilities(const CodecCapabilities& caps) noexcept;
     // Deletes every codec capability, in order, and empties the list.
     void clearCodecCapabilities();
 
@@ -60,7 +60,7 @@ public:
     // Ascending numeric order.
     const std::set<RtpProfile>& getSupportedRtpProfiles() const { return mRtpProfiles; }
     // A profile already present is ignored; any value is accepted.
-    void addRtpProfile(RtpProfile profile) { mRtpProfiles.insert(profile); }
+    void addRtpProfile(RtpProfile profile) noexcept { mRtpProfiles.insert(profile); }
 
 private:
     std::vector<std::unique_ptr<CodecCapabilities>> mCodecCapabilities;

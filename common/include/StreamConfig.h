@@ -58,12 +58,12 @@ public:
         // Takes ownership of `codec` on success only. Refused with 1002, the list unchanged
         // and `codec` still the caller's: "Null pointer", "Already present" (the same
         // object), "A codec with the same payload type N is already present".
-        Result add(CodecConfig* codec);
+        Result add(CodecConfig* codec) noexcept;
         // Deletes every codec, in order, and empties the list.
         void clear();
         // Replaces the contents with clones of `other`'s codecs, in order; does nothing
         // when `other` is this list.
-        void cloneContentFrom(const CodecConfigList& other);
+        void cloneContentFrom(const CodecConfigList& other) noexcept;
 
     private:
         std::vector<std::unique_ptr<CodecConfig>> mCodecs;
@@ -79,15 +79,15 @@ public:
 
     // Full duplex to 127.0.0.1:49150, RTCP on with the default RtcpConfig, not muted, not
     // held, profile 3551, PDP contexts 1 and 1, no codecs.
-    StreamConfig();
-    StreamConfig(const StreamConfig& other);
+    StreamConfig() noexcept;
+    StreamConfig(const StreamConfig& other) noexcept;
     // Deep copy; safe for self-assignment.
-    StreamConfig& operator=(const StreamConfig& other);
+    StreamConfig& operator=(const StreamConfig& other) noexcept;
     virtual ~StreamConfig();
 
     // Copies every field and clones both codec lists (this object's old codecs are
     // deleted). No validation.
-    void copyFrom(const StreamConfig& other);
+    void copyFrom(const StreamConfig& other) noexcept;
 
     // Exact, and silent: every field, and the codec lists element by element in order,
     // two codecs matching only when they are of the same class with every field equal
@@ -95,25 +95,25 @@ public:
     // the codecs' own operator==, which leaves packet times and the AMR mode-change
     // settings out and only logs a warning about differing AMR rates, nothing is left out
     // and nothing is logged: call control asks this whether a renegotiated stream changed.
-    bool operator==(const StreamConfig& other) const;
-    bool operator!=(const StreamConfig& other) const { return !(*this == other); }
+    bool operator==(const StreamConfig& other) const noexcept;
+    bool operator!=(const StreamConfig& other) const noexcept { return !(*this == other); }
 
     int getRemoteRtpPort() const { return mRemoteRtpPort; }
     // Stores a port in 1024..65535; otherwise 1002 "Invalid socket port: N".
-    Result setRemoteRtpPort(int port);
+    Result setRemoteRtpPort(int port) noexcept;
     // The RTP port plus one, or -1 when that is not a valid port (RTP port 65535).
     int getRemoteRtcpPort() const;
 
-    std::string getRemoteIp() const { return mRemoteIp; }
+    std::string getRemoteIp() const noexcept { return mRemoteIp; }
     // Stores an IPv4 or IPv6 address text; otherwise 1002 "Invalid internet address : <text>".
-    Result setRemoteIp(const std::string& ip);
+    Result setRemoteIp(const std::string& ip) noexcept;
 
     bool isUplinkMuted() const { return mUplinkMuted; }
     void muteUplink(bool muted) { mUplinkMuted = muted; }
 
     Direction getDirection() const { return mDirection; }
     // Stores a direction in 0..3; otherwise 1002 "Invalid direction : N".
-    Result setDirection(Direction direction);
+    Result setDirection(Direction direction) noexcept;
     bool isDirectionValid(Direction direction) const;
     // Send only or full duplex.
     bool hasUplink() const;
@@ -137,8 +137,8 @@ public:
 
     // Adds a clone of `codec`; the caller keeps its own object. Refused like
     // CodecConfigList::add (a duplicate payload type gives 1002), the clone then deleted.
-    Result addUplinkCodec(const CodecConfig& codec);
-    Result addDownlinkCodec(const CodecConfig& codec);
+    Result addUplinkCodec(const CodecConfig& codec) noexcept;
+    Result addDownlinkCodec(const CodecConfig& codec) noexcept;
     std::size_t getUplinkCodecCount() const { return mUplinkCodecs.count(); }
     std::size_t getDownlinkCodecCount() const { return mDownlinkCodecs.count(); }
     // Null past the end; the stream keeps ownership.
@@ -151,17 +151,17 @@ public:
     // supplied", "Downlink is active and no downlink codec supplied", then each uplink
     // codec's check() and each downlink codec's check() (whatever the direction), a
     // failing codec's formatted result becoming the message.
-    Result check() const;
+    Result check() const noexcept;
     // Checks each codec in order; the first failure is returned with code 1003 and the
     // codec result's format() as its message.
-    static Result checkCodecs(const CodecConfigList& list);
+    static Result checkCodecs(const CodecConfigList& list) noexcept;
 
     // Labelled lines with two leading blanks, then each codec under a heading
     // "  Uplink codec i/n" or "  Downlink codec i/n" followed by its own text.
-    std::string toString() const;
+    std::string toString() const noexcept;
 
 private:
-    Result addCodec(CodecConfigList& list, const CodecConfig& codec);
+    Result addCodec(CodecConfigList& list, const CodecConfig& codec) noexcept;
 
     int mRemoteRtpPort;
     std::string mRemoteIp;

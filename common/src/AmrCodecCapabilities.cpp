@@ -21,11 +21,11 @@ AmrCodecCapabilities::AmrCodecCapabilities()
       mRobustSortingModeSupported(false),
       mInterleavingModeSupported(false) {}
 
-AmrCodecCapabilities::AmrCodecCapabilities(const AmrCodecCapabilities& other) : CodecCapabilities(other) {
+AmrCodecCapabilities::AmrCodecCapabilities(const AmrCodecCapabilities& other) noexcept : CodecCapabilities(other) {
     copyFrom(other);
 }
 
-AmrCodecCapabilities& AmrCodecCapabilities::operator=(const AmrCodecCapabilities& other) {
+AmrCodecCapabilities& AmrCodecCapabilities::operator=(const AmrCodecCapabilities& other) noexcept {
     CodecCapabilities::operator=(other);
     copyFrom(other);
     return *this;
@@ -33,7 +33,7 @@ AmrCodecCapabilities& AmrCodecCapabilities::operator=(const AmrCodecCapabilities
 
 AmrCodecCapabilities::~AmrCodecCapabilities() = default;
 
-void AmrCodecCapabilities::copyFrom(const AmrCodecCapabilities& other) {
+void AmrCodecCapabilities::copyFrom(const AmrCodecCapabilities& other) noexcept {
     mOctetAlignModeRequired = other.mOctetAlignModeRequired;
     mDtxModeSupported = other.mDtxModeSupported;
     mRdcyModeSupported = other.mRdcyModeSupported;
@@ -48,7 +48,10 @@ void AmrCodecCapabilities::copyFrom(const AmrCodecCapabilities& other) {
     mInterleavingModeSupported = other.mInterleavingModeSupported;
 }
 
-CodecCapabilities* AmrCodecCapabilities::clone() const { return new AmrCodecCapabilities(*this); }
+CodecCapabilities* AmrCodecCapabilities::clone() const noexcept {
+    // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): exhaustion ends the process
+    return new AmrCodecCapabilities(*this);
+}
 
 bool AmrCodecCapabilities::operator==(const CodecCapabilities& other) const {
     // Equal codec ids mean AMR capabilities, unless a base assignment rewrote the id of
@@ -72,7 +75,7 @@ bool AmrCodecCapabilities::operator==(const CodecCapabilities& other) const {
            mInterleavingModeSupported == amr.mInterleavingModeSupported;
 }
 
-AmrCodecCapabilities::Result AmrCodecCapabilities::setModeChangePeriod(ModeChangePeriod period) {
+AmrCodecCapabilities::Result AmrCodecCapabilities::setModeChangePeriod(ModeChangePeriod period) noexcept {
     if (!isModeChangePeriodValid(period)) {
         return Result(InvalidParam) << "Bad mode change period: " << period;
     }
@@ -80,7 +83,7 @@ AmrCodecCapabilities::Result AmrCodecCapabilities::setModeChangePeriod(ModeChang
     return Result::success();
 }
 
-AmrCodecCapabilities::Result AmrCodecCapabilities::setModeChangeCapability(ModeChangeCapability capability) {
+AmrCodecCapabilities::Result AmrCodecCapabilities::setModeChangeCapability(ModeChangeCapability capability) noexcept {
     if (!isModeChangeCapabilityValid(capability)) {
         return Result(InvalidParam) << "Bad mode change capability: " << capability;
     }
@@ -88,7 +91,7 @@ AmrCodecCapabilities::Result AmrCodecCapabilities::setModeChangeCapability(ModeC
     return Result::success();
 }
 
-AmrCodecCapabilities::Result AmrCodecCapabilities::addSupportedAmrRate(AmrRate rate) {
+AmrCodecCapabilities::Result AmrCodecCapabilities::addSupportedAmrRate(AmrRate rate) noexcept {
     if (!isAmrRateValid(rate)) {
         return Result(InvalidParam) << "Bad amr rate: " << rate;
     }

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <set>
-#include <sstream>
 
 #include "GenericLog.h"
 #include "Polymorphic.h"
+#include "TextStream.h"
 
 namespace tessel {
 namespace rva {
@@ -47,7 +47,7 @@ AmrRate preferredRate(const std::vector<AmrRate>& rates) {
 }  // namespace
 
 template <BandType Band>
-void AmrCodecConfig::AmrRatePreferenceComparator<Band>::initRatesRanks() {
+void AmrCodecConfig::AmrRatePreferenceComparator<Band>::initRatesRanks() noexcept {
     static_assert(Band == BandTypeNb || Band == BandTypeWb, "only narrow and wide band have a preference order");
     if constexpr (Band == BandTypeNb) {
         fillRanks(mRatesRanks, kNarrowBandPreference);
@@ -57,7 +57,8 @@ void AmrCodecConfig::AmrRatePreferenceComparator<Band>::initRatesRanks() {
 }
 
 template <BandType Band>
-bool AmrCodecConfig::AmrRatePreferenceComparator<Band>::operator()(const AmrRate& lhs, const AmrRate& rhs) const {
+bool AmrCodecConfig::AmrRatePreferenceComparator<Band>::operator()(const AmrRate& lhs,
+                                                                   const AmrRate& rhs) const noexcept {
     std::map<AmrRate, unsigned int>::const_iterator it = mRatesRanks.find(lhs);
     TESSEL_ASSERT(it != mRatesRanks.end(), "Invalid AMR mode:" << lhs << " for band " << getBandTypeDescription(Band));
     const unsigned int lhsRank = it->second;
@@ -95,9 +96,9 @@ AmrCodecConfig::AmrCodecConfig()
       mModeChangeNeighborEnabled(DEFAULT_MODE_CHANGE_NEIGHBOR_ENABLED),
       mModeChangePeriod(DEFAULT_MODE_CHANGE_PERIOD) {}
 
-AmrCodecConfig::AmrCodecConfig(const AmrCodecConfig& other) : CodecConfig(other) { copyFrom(other); }
+AmrCodecConfig::AmrCodecConfig(const AmrCodecConfig& other) noexcept : CodecConfig(other) { copyFrom(other); }
 
-AmrCodecConfig& AmrCodecConfig::operator=(const AmrCodecConfig& other) {
+AmrCodecConfig& AmrCodecConfig::operator=(const AmrCodecConfig& other) noexcept {
     CodecConfig::operator=(other);
     copyFrom(other);
     return *this;
@@ -105,7 +106,7 @@ AmrCodecConfig& AmrCodecConfig::operator=(const AmrCodecConfig& other) {
 
 AmrCodecConfig::~AmrCodecConfig() = default;
 
-void AmrCodecConfig::copyFrom(const AmrCodecConfig& other) {
+void AmrCodecConfig::copyFrom(const AmrCodecConfig& other) noexcept {
     mOctetAlignEnabled = other.mOctetAlignEnabled;
     mDtxModeEnabled = other.mDtxModeEnabled;
     mRdcyEnabled = other.mRdcyEnabled;
@@ -118,11 +119,14 @@ void AmrCodecConfig::copyFrom(const AmrCodecConfig& other) {
     mModeChangePeriod = other.mModeChangePeriod;
 }
 
-CodecConfig* AmrCodecConfig::clone() const { return new AmrCodecConfig(*this); }
+CodecConfig* AmrCodecConfig::clone() const noexcept {
+    // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): exhaustion ends the process
+    return new AmrCodecConfig(*this);
+}
 
 bool AmrCodecConfig::isSupportedBandType(BandType bandType) const { return isBandTypeValid(bandType); }
 
-AmrCodecConfig::Result AmrCodecConfig::addAmrRate(AmrRate rate) {
+AmrCodecConfig::Result AmrCodecConfig::addAmrRate(AmrRate rate) noexcept {
     if (!isAmrRateValid(rate)) {
         return Result(InvalidParam) << "Bad amr rate: " << rate;
     }
@@ -145,14 +149,14 @@ AmrRate AmrCodecConfig::getAmrRate(unsigned long index) const {
     return index < mAmrRates.size() ? mAmrRates[index] : kAbsentRate;
 }
 
-AmrRate AmrCodecConfig::getPreferedAmrRate() const {
+AmrRate AmrCodecConfig::getPreferedAmrRate() const noexcept {
     if (mAmrRates.empty()) {
         return kAbsentRate;
     }
     return getBandType() == BandTypeNb ? preferredRate<BandTypeNb>(mAmrRates) : preferredRate<BandTypeWb>(mAmrRates);
 }
 
-AmrCodecConfig::Result AmrCodecConfig::check() const {
+AmrCodecConfig::Result AmrCodecConfig::check() const noexcept {
     // Every path returns this one named result, so that the base's result is built in the
     // caller's return slot and never moved.
     Result result = CodecConfig::check();
@@ -173,7 +177,7 @@ AmrCodecConfig::Result AmrCodecConfig::check() const {
     return result;
 }
 
-bool AmrCodecConfig::operator==(const CodecConfig& other) const {
+bool AmrCodecConfig::operator==(const CodecConfig& other) const noexcept {
     if (!CodecConfig::operator==(other)) {
         return false;
     }
@@ -203,8 +207,8 @@ bool AmrCodecConfig::operator==(const CodecConfig& other) const {
     return equal;
 }
 
-std::string AmrCodecConfig::toString() const {
-    std::ostringstream text;
+std::string AmrCodecConfig::toString() const noexcept {
+    TextStream text;
     text << CodecConfig::toString();
     text << "    OctetAlignEnabled: " << mOctetAlignEnabled << std::endl;
     text << "    DtxModeEnabled: " << mDtxModeEnabled << std::endl;

@@ -1,9 +1,8 @@
 #include "CodecConfig.h"
 
-#include <sstream>
-
 #include "GenericLog.h"
 #include "PlatformAssert.h"
+#include "TextStream.h"
 
 namespace tessel {
 namespace rva {
@@ -36,7 +35,7 @@ void CodecConfig::copyFrom(const CodecConfig& other) {
     mMaxPacketTime = other.mMaxPacketTime;
 }
 
-CodecConfig::Result CodecConfig::setBandType(BandType bandType) {
+CodecConfig::Result CodecConfig::setBandType(BandType bandType) noexcept {
     if (isBandTypeValid(bandType) && isSupportedBandType(bandType)) {
         mBandType = bandType;
         return Result::success();
@@ -44,7 +43,7 @@ CodecConfig::Result CodecConfig::setBandType(BandType bandType) {
     return Result(InvalidParam) << "Bad band type: " << bandType;
 }
 
-CodecConfig::Result CodecConfig::check() const {
+CodecConfig::Result CodecConfig::check() const noexcept {
     Result result = Result::success();
     if (getPacketTime() == 0) {
         result &= Result(InvalidConfiguration) << "Packet time must be greater than 0";
@@ -60,12 +59,12 @@ CodecConfig::Result CodecConfig::check() const {
     return result;
 }
 
-bool CodecConfig::operator==(const CodecConfig& other) const {
+bool CodecConfig::operator==(const CodecConfig& other) const noexcept {
     return mCodecId == other.mCodecId && mBandType == other.mBandType && mPayloadType == other.mPayloadType;
 }
 
-std::string CodecConfig::toString() const {
-    std::ostringstream text;
+std::string CodecConfig::toString() const noexcept {
+    TextStream text;
     text << "    Codec: " << getCodecIdDescription(mCodecId) << " (" << mCodecId << ")" << std::endl;
     text << "    BandType: " << getBandTypeDescription(mBandType) << " (" << mBandType << ")" << std::endl;
     text << "    PayloadType: " << mPayloadType << std::endl;
@@ -74,7 +73,7 @@ std::string CodecConfig::toString() const {
     return text.str();
 }
 
-void CodecConfig::checkCodecId(CodecId requiredCodecId, CodecId candidateCodecId) {
+void CodecConfig::checkCodecId(CodecId requiredCodecId, CodecId candidateCodecId) noexcept {
     TESSEL_ASSERT(candidateCodecId == requiredCodecId, "Expecting codec " << getCodecIdDescription(requiredCodecId)
                                                                           << " instead of "
                                                                           << getCodecIdDescription(candidateCodecId));

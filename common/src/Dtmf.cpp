@@ -3,7 +3,7 @@
 namespace tessel {
 namespace rva {
 
-std::map<char, Dtmf::Key>& Dtmf::initDtmfCharMap() {
+std::map<char, Dtmf::Key>& Dtmf::initDtmfCharMap() noexcept {
     static std::map<char, Key> charMap;
     static const char characters[] = "0123456789*#ABCD";
     for (int key = Key0; key <= KeyD; ++key) {

@@ -11,7 +11,10 @@ DtmfCodecCapabilities& DtmfCodecCapabilities::operator=(const DtmfCodecCapabilit
 
 DtmfCodecCapabilities::~DtmfCodecCapabilities() = default;
 
-CodecCapabilities* DtmfCodecCapabilities::clone() const { return new DtmfCodecCapabilities(*this); }
+CodecCapabilities* DtmfCodecCapabilities::clone() const noexcept {
+    // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): exhaustion ends the process
+    return new DtmfCodecCapabilities(*this);
+}
 
 }  // namespace rva
 }  // namespace tessel

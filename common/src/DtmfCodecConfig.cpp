@@ -19,7 +19,10 @@ DtmfCodecConfig::~DtmfCodecConfig() = default;
 
 bool DtmfCodecConfig::isSupportedBandType(BandType bandType) const { return isBandTypeValid(bandType); }
 
-CodecConfig* DtmfCodecConfig::clone() const { return new DtmfCodecConfig(*this); }
+CodecConfig* DtmfCodecConfig::clone() const noexcept {
+    // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): exhaustion ends the process
+    return new DtmfCodecConfig(*this);
+}
 
 }  // namespace rva
 }  // namespace tessel

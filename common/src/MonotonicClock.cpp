@@ -10,7 +10,7 @@ namespace tessel {
 namespace rva {
 namespace common {
 
-std::int64_t MonotonicClock::getTime() {
+std::int64_t MonotonicClock::getTime() noexcept {
     timespec now;
     const int result = clock_gettime(CLOCK_MONOTONIC, &now);
     if (result != 0) {

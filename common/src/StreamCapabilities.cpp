@@ -8,9 +8,11 @@ namespace rva {
 
 StreamCapabilities::StreamCapabilities() = default;
 
-StreamCapabilities::StreamCapabilities(const StreamCapabilities& other) : StreamCapabilities() { copyFrom(other); }
+StreamCapabilities::StreamCapabilities(const StreamCapabilities& other) noexcept : StreamCapabilities() {
+    copyFrom(other);
+}
 
-StreamCapabilities& StreamCapabilities::operator=(const StreamCapabilities& other) {
+StreamCapabilities& StreamCapabilities::operator=(const StreamCapabilities& other) noexcept {
     if (&other != this) {
         copyFrom(other);
     }
@@ -19,7 +21,7 @@ StreamCapabilities& StreamCapabilities::operator=(const StreamCapabilities& othe
 
 StreamCapabilities::~StreamCapabilities() { clearCodecCapabilities(); }
 
-void StreamCapabilities::copyFrom(const StreamCapabilities& other) {
+void StreamCapabilities::copyFrom(const StreamCapabilities& other) noexcept {
     mRtcpCaps = other.mRtcpCaps;
     mRtpProfiles = other.mRtpProfiles;
     clearCodecCapabilities();
@@ -48,7 +50,7 @@ const CodecCapabilities* StreamCapabilities::getCodecCapabilities(std::size_t in
     return index < mCodecCapabilities.size() ? mCodecCapabilities[index].get() : nullptr;
 }
 
-void StreamCapabilities::addCodecCapabilities(const CodecCapabilities& caps) {
+void StreamCapabilities::addCodecCapabilities(const CodecCapabilities& caps) noexcept {
     mCodecCapabilities.emplace_back(caps.clone());
 }
 

@@ -1,6 +1,5 @@
 #include "StreamConfig.h"
 
-#include <sstream>
 #include <typeinfo>
 
 #include "AmrCodecConfig.h"
@@ -8,6 +7,7 @@
 #include "GenericLog.h"
 #include "PlatformAssert.h"
 #include "Polymorphic.h"
+#include "TextStream.h"
 #include "Utils.h"
 
 namespace tessel {
@@ -93,7 +93,7 @@ const CodecConfig* StreamConfig::CodecConfigList::get(std::size_t index) const {
     return index < mCodecs.size() ? mCodecs[index].get() : nullptr;
 }
 
-StreamConfig::Result StreamConfig::CodecConfigList::add(CodecConfig* codec) {
+StreamConfig::Result StreamConfig::CodecConfigList::add(CodecConfig* codec) noexcept {
     if (codec == nullptr) {
         return Result(InvalidParam) << "Null pointer";
     }
@@ -117,7 +117,7 @@ StreamConfig::Result StreamConfig::CodecConfigList::add(CodecConfig* codec) {
 
 void StreamConfig::CodecConfigList::clear() { deleteInOrder(mCodecs); }
 
-void StreamConfig::CodecConfigList::cloneContentFrom(const CodecConfigList& other) {
+void StreamConfig::CodecConfigList::cloneContentFrom(const CodecConfigList& other) noexcept {
     if (&other == this) {
         return;
     }
@@ -140,7 +140,7 @@ const bool StreamConfig::DEFAULT_RTCP_ENABLED = true;
 const bool StreamConfig::DEFAULT_IS_HELD = false;
 const RtpProfile StreamConfig::DEFAULT_RTP_PROFILE = RtpProfileAvp;
 
-StreamConfig::StreamConfig()
+StreamConfig::StreamConfig() noexcept
     : mRemoteRtpPort(DEFAULT_REMOTE_RTP_PORT),
       mRemoteIp(DEFAULT_REMOTE_IP),
       mUplinkMuted(DEFAULT_MUTED),
@@ -149,16 +149,16 @@ StreamConfig::StreamConfig()
       mIsHeld(DEFAULT_IS_HELD),
       mRtpProfile(DEFAULT_RTP_PROFILE) {}
 
-StreamConfig::StreamConfig(const StreamConfig& other) : StreamConfig() { copyFrom(other); }
+StreamConfig::StreamConfig(const StreamConfig& other) noexcept : StreamConfig() { copyFrom(other); }
 
-StreamConfig& StreamConfig::operator=(const StreamConfig& other) {
+StreamConfig& StreamConfig::operator=(const StreamConfig& other) noexcept {
     copyFrom(other);
     return *this;
 }
 
 StreamConfig::~StreamConfig() = default;
 
-void StreamConfig::copyFrom(const StreamConfig& other) {
+void StreamConfig::copyFrom(const StreamConfig& other) noexcept {
     mRemoteRtpPort = other.mRemoteRtpPort;
     if (&mRemoteIp != &other.mRemoteIp) {
         mRemoteIp = other.mRemoteIp;
@@ -174,7 +174,7 @@ void StreamConfig::copyFrom(const StreamConfig& other) {
     mDownlinkCodecs.cloneContentFrom(other.mDownlinkCodecs);
 }
 
-bool StreamConfig::operator==(const StreamConfig& other) const {
+bool StreamConfig::operator==(const StreamConfig& other) const noexcept {
     return mRemoteRtpPort == other.mRemoteRtpPort && mRemoteIp == other.mRemoteIp &&
            mUplinkMuted == other.mUplinkMuted && mDirection == other.mDirection && mRtcpEnabled == other.mRtcpEnabled &&
            mRtcpConfig == other.mRtcpConfig && sameCodecs(mUplinkCodecs, other.mUplinkCodecs) &&
@@ -182,7 +182,7 @@ bool StreamConfig::operator==(const StreamConfig& other) const {
            mRtpProfile == other.mRtpProfile && mPdpContext == other.mPdpContext;
 }
 
-StreamConfig::Result StreamConfig::setRemoteRtpPort(int port) {
+StreamConfig::Result StreamConfig::setRemoteRtpPort(int port) noexcept {
     if (!Utils::isValidSocketPort(port)) {
         return Result(InvalidParam) << "Invalid socket port: " << port;
     }
@@ -195,7 +195,7 @@ int StreamConfig::getRemoteRtcpPort() const {
     return Utils::isValidSocketPort(rtcpPort) ? rtcpPort : -1;
 }
 
-StreamConfig::Result StreamConfig::setRemoteIp(const std::string& ip) {
+StreamConfig::Result StreamConfig::setRemoteIp(const std::string& ip) noexcept {
     if (!Utils::isValidIpAddress(ip)) {
         return Result(InvalidParam) << "Invalid internet address : " << ip;
     }
@@ -203,7 +203,7 @@ StreamConfig::Result StreamConfig::setRemoteIp(const std::string& ip) {
     return Result::success();
 }
 
-StreamConfig::Result StreamConfig::setDirection(Direction direction) {
+StreamConfig::Result StreamConfig::setDirection(Direction direction) noexcept {
     if (!isDirectionValid(direction)) {
         return Result(InvalidParam) << "Invalid direction : " << direction;
     }
@@ -219,7 +219,7 @@ bool StreamConfig::hasUplink() const { return mDirection == SendOnly || mDirecti
 
 bool StreamConfig::hasDownlink() const { return mDirection == ReceiveOnly || mDirection == FullDuplex; }
 
-StreamConfig::Result StreamConfig::addCodec(CodecConfigList& list, const CodecConfig& codec) {
+StreamConfig::Result StreamConfig::addCodec(CodecConfigList& list, const CodecConfig& codec) noexcept {
     std::unique_ptr<CodecConfig> copy(codec.clone());
     Result result = list.add(copy.get());
     if (result.isSuccess()) {
@@ -228,13 +228,15 @@ StreamConfig::Result StreamConfig::addCodec(CodecConfigList& list, const CodecCo
     return result;
 }
 
-StreamConfig::Result StreamConfig::addUplinkCodec(const CodecConfig& codec) { return addCodec(mUplinkCodecs, codec); }
+StreamConfig::Result StreamConfig::addUplinkCodec(const CodecConfig& codec) noexcept {
+    return addCodec(mUplinkCodecs, codec);
+}
 
-StreamConfig::Result StreamConfig::addDownlinkCodec(const CodecConfig& codec) {
+StreamConfig::Result StreamConfig::addDownlinkCodec(const CodecConfig& codec) noexcept {
     return addCodec(mDownlinkCodecs, codec);
 }
 
-StreamConfig::Result StreamConfig::check() const {
+StreamConfig::Result StreamConfig::check() const noexcept {
     if (hasUplink() && mUplinkCodecs.count() == 0) {
         return Result(InvalidConfiguration) << "Uplink is active and no uplink codec supplied";
     }
@@ -248,7 +250,7 @@ StreamConfig::Result StreamConfig::check() const {
     return checkCodecs(mDownlinkCodecs);
 }
 
-StreamConfig::Result StreamConfig::checkCodecs(const CodecConfigList& list) {
+StreamConfig::Result StreamConfig::checkCodecs(const CodecConfigList& list) noexcept {
     for (std::size_t index = 0; index < list.count(); ++index) {
         const CodecConfig* config = list.get(index);
         TESSEL_ASSERT(config != NULL, "Codec is null");  // NOLINT(modernize-use-nullptr): the logged condition text
@@ -260,8 +262,8 @@ StreamConfig::Result StreamConfig::checkCodecs(const CodecConfigList& list) {
     return Result::success();
 }
 
-std::string StreamConfig::toString() const {
-    std::ostringstream text;
+std::string StreamConfig::toString() const noexcept {
+    TextStream text;
     text << "  Remote: " << mRemoteIp << ":" << mRemoteRtpPort << std::endl;
     text << "  Mute: " << mUplinkMuted << std::endl;
     text << "  Direction : ";

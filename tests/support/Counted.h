@@ -19,7 +19,7 @@ public:
     Counted(const Counted& other) : Concrete(other), mId(++lastId()) {}
     Counted& operator=(const Counted&) = delete;
     ~Counted() override { deleted().push_back(mId); }
-    Interface* clone() const override { return new Counted(*this); }
+    Interface* clone() const noexcept override { return new Counted(*this); }
 
     // Id of the most recently made object.
     static int& lastId() {
