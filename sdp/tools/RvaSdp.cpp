@@ -278,10 +278,9 @@ int runAnswer(const Arguments& arguments) {
         result = createAnswer(defaultCapabilities(), endpoint, offer, mediaIndex, answer, negotiated, &notes);
         // Every result but a refused argument writes an answer to send back.
         if (result.getCode() != InvalidParam) {
-            std::fputs(answer.toString().c_str(), stdout);
+            std::printf("%s\n", answer.toString().c_str());
         }
     }
-    std::printf("\n");
     for (const std::string& note : notes) {
         std::printf("note: %s\n", note.c_str());
     }
