@@ -83,8 +83,8 @@ void checkCodec(const CodecConfig& codec) {
     const CodecConfig::Result result = codec.check();
     FUZZ_CHECK((result.getCode() == 1000 || result.getCode() == 1003) && result.isSuccess() == valid);
     if (amr != nullptr && valid) {
-        static const char kNarrow[] = {7, 4, 2, 0, 1, 3, 5, 6, -1}, kWide[] = {2, 1, 0, 3, 4, 5, 6, 7, 8, -1};
-        const char* best = amr->getBandType() == BandTypeNb ? kNarrow : kWide;
+        static const signed char kNarrow[] = {7, 4, 2, 0, 1, 3, 5, 6, -1}, kWide[] = {2, 1, 0, 3, 4, 5, 6, 7, 8, -1};
+        const signed char* best = amr->getBandType() == BandTypeNb ? kNarrow : kWide;
         while (*best >= 0 && !amr->containAmrRate(static_cast<AmrRate>(*best))) {
             ++best;
         }
