@@ -3,10 +3,11 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . scripts/deps.sh
-require_packages "${BUILD_PACKAGES[@]}" clang-tidy
+require_packages "${BUILD_PACKAGES[@]}" clang clang-tidy
 
+# Configured for clang, so the compile commands hold only flags clang-tidy knows.
 build=${BUILD_DIR:-build/tidy}
-cmake -S . -B "$build" -DRVA_BUILD_TESTS=OFF -DRVA_BUILD_EXAMPLES=OFF >/dev/null
+cmake -S . -B "$build" -DCMAKE_CXX_COMPILER=clang++ -DRVA_BUILD_TESTS=OFF -DRVA_BUILD_EXAMPLES=OFF >/dev/null
 status=0
 for source in common/src/*.cpp sdp/src/*.cpp; do
     clang-tidy -p "$build" --quiet "$source" 2>/dev/null || status=1
