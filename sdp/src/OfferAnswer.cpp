@@ -572,7 +572,7 @@ Result createAnswer(const StreamCapabilities& local, const LocalEndpoint& endpoi
     const MediaDescription& offered = offer.media(mediaIndex);
     if (offered.port() == 0) {
         answer = rejectedStream(offered);
-        return Result(Rejected) << "stream disabled";
+        return Result(Rejected) << "stream disabled (port 0)";
     }
     if (!acceptsProtocol(local, offered.protocol())) {
         answer = rejectedStream(offered);
@@ -684,7 +684,7 @@ Result applyAnswer(const MediaDescription& ourOffer, const SessionDescription& a
     }
     const MediaDescription& answered = answer.media(mediaIndex);
     if (answered.port() == 0) {
-        return Result(Rejected) << "stream disabled";
+        return Result(Rejected) << "stream disabled (port 0)";
     }
     if (answered.portCount()) {
         return Result(Unsupported) << "port count not supported: " << *answered.portCount();
