@@ -50,19 +50,6 @@ std::optional<int> payloadTypeOf(const std::string& format) {
     return static_cast<int>(number);
 }
 
-// No such section, or not audio: the caller's index is wrong for this description.
-Result checkAudioSection(const SessionDescription& description, std::size_t mediaIndex) {
-    if (mediaIndex >= description.mediaCount()) {
-        return Result(InvalidParam) << "No media section " << mediaIndex << " (" << description.mediaCount()
-                                    << " in the description)";
-    }
-    if (description.media(mediaIndex).mediaType() != "audio") {
-        return Result(InvalidParam) << "Media section " << mediaIndex << " is not audio: "
-                                    << description.media(mediaIndex).mediaType();
-    }
-    return Result::success();
-}
-
 const AmrCodecCapabilities* asAmr(const CodecCapabilities* capabilities) {
     return capabilities != nullptr && capabilities->getCodecId() == CodecIdAmr
                ? dynamic_cast<const AmrCodecCapabilities*>(capabilities)
@@ -564,7 +551,7 @@ Result createAnswer(const StreamCapabilities& local, const LocalEndpoint& endpoi
                     std::vector<std::string>* notes) noexcept {
     Result checked = checkEndpoint(endpoint);
     if (checked.isSuccess()) {
-        checked = checkAudioSection(offer, mediaIndex);
+        checked = rules::audioSection(offer, mediaIndex);
     }
     if (!checked.isSuccess()) {
         return checked;
@@ -678,26 +665,13 @@ Result createAnswer(const StreamCapabilities& local, const LocalEndpoint& endpoi
 
 Result applyAnswer(const MediaDescription& ourOffer, const SessionDescription& answer, std::size_t mediaIndex,
                    StreamConfig& negotiated, std::vector<std::string>* notes) noexcept {
-    Result section = checkAudioSection(answer, mediaIndex);
-    if (!section.isSuccess()) {
-        return section;
-    }
-    const MediaDescription& answered = answer.media(mediaIndex);
-    if (answered.port() == 0) {
-        return Result(Rejected) << "stream disabled (port 0)";
-    }
-    if (answered.portCount()) {
-        return Result(Unsupported) << "port count not supported: " << *answered.portCount();
-    }
-    const std::optional<RtpProfile> profile = rules::rtpProfileOf(answered.protocol());
-    if (!profile) {
-        return Result(Unsupported) << "protocol not supported: " << text::quote(answered.protocol());
-    }
-    rules::RemoteEndpoint remote;
-    Result usable = rules::remoteEndpoint(answer, answered, remote);
+    rules::RemoteStream remoteStream;
+    Result usable = rules::remoteStream(answer, mediaIndex, remoteStream);
     if (!usable.isSuccess()) {
         return usable;
     }
+    const MediaDescription& answered = answer.media(mediaIndex);
+    const rules::RemoteEndpoint& remote = remoteStream.endpoint;
     if (answered.protocol() != ourOffer.protocol()) {
         return Result(Unsupported) << "protocol " << text::quote(answered.protocol()) << " differs from the offered "
                                    << text::quote(ourOffer.protocol());
@@ -759,7 +733,7 @@ Result applyAnswer(const MediaDescription& ourOffer, const SessionDescription& a
     stream.setRemoteIp(remote.address);
     stream.setRemoteRtpPort(remote.port);
     stream.setDirection(rules::directionTowardAddress(direction, remote.address));
-    stream.setRtpProfile(*profile);
+    stream.setRtpProfile(remoteStream.profile);
     rules::RtcpSettings rtcp = rules::rtcpSettings(answer, answered, offeredRtcp(ourOffer), remote, notes);
     // RFC 5506 section 5: an answer may take reduced-size RTCP only when the offer asked for it.
     if (rtcp.config.isReducedSizeMode() && !ourOffer.hasAttribute("rtcp-rsize")) {

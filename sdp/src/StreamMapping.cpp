@@ -79,38 +79,18 @@ std::size_t addCodecs(const MediaDescription& media, const rules::PacketTimes& t
 
 Result toStreamConfig(const SessionDescription& remote, std::size_t mediaIndex, StreamConfig& out,
                       std::vector<std::string>* notes) noexcept {
-    if (mediaIndex >= remote.mediaCount()) {
-        return Result(InvalidParam) << "media index " << mediaIndex << " past the end: the description has "
-                                    << remote.mediaCount() << " media section(s)";
-    }
-    const MediaDescription& media = remote.media(mediaIndex);
-    if (media.mediaType() != "audio") {
-        return Result(InvalidParam) << "media section " << mediaIndex << " is " << text::quote(media.mediaType())
-                                    << ", not audio";
-    }
-    // RFC 3264 section 5.1: port 0 offers a stream that must not be used.
-    if (media.port() == 0) {
-        return Result(Rejected) << "stream disabled (port 0)";
-    }
-    // RFC 4566 section 5.14: several ports carry a layered stream, which no record holds.
-    if (media.portCount()) {
-        return Result(Unsupported) << "port count /" << *media.portCount() << ": one RTP port per stream only";
-    }
-    const std::optional<RtpProfile> profile = rules::rtpProfileOf(media.protocol());
-    if (!profile) {
-        return Result(Unsupported) << "protocol " << text::quote(media.protocol())
-                                   << ": only RTP/AVP and RTP/AVPF can be held";
-    }
-    rules::RemoteEndpoint endpoint;
-    Result result = rules::remoteEndpoint(remote, media, endpoint);
+    rules::RemoteStream remoteStream;
+    Result result = rules::remoteStream(remote, mediaIndex, remoteStream);
     if (!result.isSuccess()) {
         return result;
     }
+    const MediaDescription& media = remote.media(mediaIndex);
+    const rules::RemoteEndpoint& endpoint = remoteStream.endpoint;
 
     StreamConfig stream;
     stream.setRemoteIp(endpoint.address);
     stream.setRemoteRtpPort(endpoint.port);
-    stream.setRtpProfile(*profile);
+    stream.setRtpProfile(remoteStream.profile);
     stream.setDirection(rules::directionTowardAddress(
         rules::mirroredDirection(rules::declaredDirection(remote, media, notes)), endpoint.address));
     const rules::RtcpSettings rtcp = rules::rtcpSettings(remote, media, RtcpConfig(), endpoint, notes);

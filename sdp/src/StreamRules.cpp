@@ -162,6 +162,47 @@ Result remoteEndpoint(const SdpSection& session, const MediaDescription& media, 
     return Result::success();
 }
 
+Result audioSection(const SessionDescription& description, std::size_t mediaIndex) {
+    if (mediaIndex >= description.mediaCount()) {
+        return Result(InvalidParam) << "media index " << mediaIndex << " past the end: the description has "
+                                    << description.mediaCount() << " media section(s)";
+    }
+    const MediaDescription& media = description.media(mediaIndex);
+    if (media.mediaType() != "audio") {
+        return Result(InvalidParam) << "media section " << mediaIndex << " is " << text::quote(media.mediaType())
+                                    << ", not audio";
+    }
+    return Result::success();
+}
+
+Result remoteStream(const SessionDescription& description, std::size_t mediaIndex, RemoteStream& out) {
+    Result result = audioSection(description, mediaIndex);
+    if (!result.isSuccess()) {
+        return result;
+    }
+    const MediaDescription& media = description.media(mediaIndex);
+    // RFC 3264 section 5.1: port 0 offers a stream that must not be used.
+    if (media.port() == 0) {
+        return Result(Rejected) << "stream disabled (port 0)";
+    }
+    // RFC 4566 section 5.14: several ports carry a layered stream, which no record holds.
+    if (media.portCount()) {
+        return Result(Unsupported) << "port count /" << *media.portCount() << ": one RTP port per stream only";
+    }
+    const std::optional<RtpProfile> profile = rtpProfileOf(media.protocol());
+    if (!profile) {
+        return Result(Unsupported) << "protocol " << text::quote(media.protocol())
+                                   << ": only RTP/AVP and RTP/AVPF can be held";
+    }
+    RemoteEndpoint endpoint;
+    result = remoteEndpoint(description, media, endpoint);
+    if (result.isSuccess()) {
+        out.profile = *profile;
+        out.endpoint = endpoint;
+    }
+    return result;
+}
+
 // RFC 3264 section 8.4: 0.0.0.0 (and its IPv6 counterpart) as connection address means
 // that neither RTP nor RTCP is to be sent.
 bool isNullAddress(const std::string& address) {

@@ -11,6 +11,7 @@
 #ifndef TESSEL_RVA_SDP_STREAM_RULES_H
 #define TESSEL_RVA_SDP_STREAM_RULES_H
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -23,6 +24,7 @@
 #include "RtcpConfig.h"
 #include "SdpResult.h"
 #include "SdpSection.h"
+#include "SessionDescription.h"
 #include "StreamConfig.h"
 
 namespace tessel {
@@ -51,6 +53,20 @@ struct RemoteEndpoint {
 // IP6: Utils::isValidIpV6) or the port is outside 1024..65535. `out` is written only on
 // success.
 Result remoteEndpoint(const SdpSection& session, const MediaDescription& media, RemoteEndpoint& out);
+
+// Media section `mediaIndex` of `description` exists and is audio; otherwise 1002 naming
+// the index or the media.
+Result audioSection(const SessionDescription& description, std::size_t mediaIndex);
+
+// What a remote section says about the stream to run, checked in this order: the section
+// exists and is audio (1002), its port is not 0 (1006), it has no port count, a plain RTP
+// profile and a usable address and port (1005; 1004 without c=). `out` is written only
+// on success.
+struct RemoteStream {
+    RtpProfile profile = RtpProfileAvp;
+    RemoteEndpoint endpoint;
+};
+Result remoteStream(const SessionDescription& description, std::size_t mediaIndex, RemoteStream& out);
 
 // True for an address that stands for "send nothing here": 0.0.0.0 or :: however written.
 bool isNullAddress(const std::string& address);

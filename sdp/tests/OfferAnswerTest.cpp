@@ -206,7 +206,7 @@ TEST(OfferAnswerTest, AnswerRefusals) {
     };
     const char* const kC = "c=IN IP4 192.0.2.9\n";
     const Row rows[] = {
-        {"audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", kC, 1, 49152, InvalidParam, "", "No media section 1"},
+        {"audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", kC, 1, 49152, InvalidParam, "", "media index 1 past the end"},
         {"audio 0 RTP/SAVP 98 0\n", kC, 0, 49152, Rejected, "m=audio 0 RTP/SAVP 98\r\n", "disabled"},
         {"audio 5004 RTP/SAVP 98\na=rtpmap:98 AMR/8000\n", kC, 0, 49152, Rejected, "m=audio 0 RTP/SAVP 98\r\n",
          "\"RTP/SAVP\""},
