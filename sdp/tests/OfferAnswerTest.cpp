@@ -7,6 +7,7 @@
 
 #include "AmrCodecCapabilities.h"
 #include "AmrCodecConfig.h"
+#include "CodecSummary.h"
 #include "DtmfCodecCapabilities.h"
 #include "RtcpConfig.h"
 
@@ -58,30 +59,6 @@ StreamCapabilities capabilities(Profile profile) {
     RtcpConfig rtcp(5000, 2000, 0, 41, profile == AvpfOnly);
     caps.setRtcpCaps(rtcp);
     return caps;
-}
-
-// One line per codec of a list: the fields negotiation sets.
-std::string codecs(const StreamConfig& stream, bool uplink) {
-    std::string text;
-    const std::size_t count = uplink ? stream.getUplinkCodecCount() : stream.getDownlinkCodecCount();
-    for (std::size_t i = 0; i < count; ++i) {
-        const CodecConfig* codec = uplink ? stream.getUplinkCodec(i) : stream.getDownlinkCodec(i);
-        text += std::string(getCodecIdDescription(codec->getCodecId())) + " " +
-                getBandTypeDescription(codec->getBandType()) + " pt" + std::to_string(codec->getPayloadType()) + " " +
-                std::to_string(codec->getPacketTime()) + "/" + std::to_string(codec->getMaxPacketTime());
-        if (const auto* amr = dynamic_cast<const AmrCodecConfig*>(codec)) {
-            text += amr->isOctetAlignModeEnabled() ? " oa rates" : " be rates";
-            for (const AmrRate rate : amr->getSupportedAmrRates()) {
-                text += " " + std::to_string(rate);
-            }
-            text += " crc" + std::to_string(amr->isCrcModeEnabled()) + " mcn" +
-                    std::to_string(amr->isModeChangeNeighborEnabled()) + " mcp" +
-                    std::to_string(amr->getModeChangePeriod()) + " red" + std::to_string(amr->isRdcyModeEnabled()) +
-                    "/" + std::to_string(amr->getMaxRdcy()) + " dtx" + std::to_string(amr->isDTXModeEnabled());
-        }
-        text += "\n";
-    }
-    return text;
 }
 
 // The lines of a written section that start with `prefix`, each ended by "\n".
@@ -361,9 +338,9 @@ TEST(OfferAnswerTest, AnswerNegotiatedStream) {
     EXPECT_EQ(5004, negotiated.getRemoteRtpPort());
     EXPECT_EQ(RtpProfileAvp, negotiated.getRtpProfile());
     EXPECT_EQ(RtcpConfig(5000, 1500, 0, 41, false), negotiated.getRtcpConfig());
-    EXPECT_EQ("AMR 8kHz pt98 40/80 be rates 0 2 7 crc0 mcn1 mcp1 red1/100 dtx1\nDTMF 8kHz pt101 40/80\n",
+    EXPECT_EQ("AMR 8kHz pt98 40/80 be rates 0 2 7 crc0 rs0 il0 mcn1 mcp1 red1/100 dtx1\nDTMF 8kHz pt101 40/80\n",
               codecs(negotiated, true));
-    EXPECT_EQ("AMR 8kHz pt98 20/240 be rates 0 2 7 crc0 mcn0 mcp0 red1/100 dtx1\nDTMF 8kHz pt101 20/240\n",
+    EXPECT_EQ("AMR 8kHz pt98 20/240 be rates 0 2 7 crc0 rs0 il0 mcn0 mcp0 red1/100 dtx1\nDTMF 8kHz pt101 20/240\n",
               codecs(negotiated, false));
 }
 
@@ -456,14 +433,14 @@ TEST(OfferAnswerTest, ApplyAnswerFallsBackOnTheOffer) {
          "96 100\na=rtpmap:96 AMR-WB/16000/1\na=fmtp:96 mode-set=0,1,2; mode-change-period=2; max-red=0\n"
          "a=rtpmap:100 telephone-event/16000\nb=RR:1500\na=ptime:40\n",
          RtcpConfig(5000, 1500, 0, 41, false),
-         "AMR 16kHz pt96 40/240 be rates 0 1 2 crc0 mcn0 mcp1 red0/0 dtx1\nDTMF 16kHz pt100 40/240\n",
-         "AMR 16kHz pt96 20/240 be rates 0 1 2 crc0 mcn0 mcp0 red0/0 dtx1\nDTMF 16kHz pt100 20/240\n"},
+         "AMR 16kHz pt96 40/240 be rates 0 1 2 crc0 rs0 il0 mcn0 mcp1 red0/0 dtx1\nDTMF 16kHz pt100 40/240\n",
+         "AMR 16kHz pt96 20/240 be rates 0 1 2 crc0 rs0 il0 mcn0 mcp0 red0/0 dtx1\nDTMF 16kHz pt100 20/240\n"},
         {Default, "98\na=rtpmap:98 AMR/8000/1\n", RtcpConfig(5000, 2000, 0, 41, false),
-         "AMR 8kHz pt98 20/240 be rates 0 1 2 3 4 5 6 7 crc0 mcn0 mcp0 red0/1 dtx1\n",
-         "AMR 8kHz pt98 20/240 be rates 0 1 2 3 4 5 6 7 crc0 mcn0 mcp0 red0/1 dtx1\n"},
+         "AMR 8kHz pt98 20/240 be rates 0 1 2 3 4 5 6 7 crc0 rs0 il0 mcn0 mcp0 red0/1 dtx1\n",
+         "AMR 8kHz pt98 20/240 be rates 0 1 2 3 4 5 6 7 crc0 rs0 il0 mcn0 mcp0 red0/1 dtx1\n"},
         {Restricted, "96\na=rtpmap:96 AMR/8000/1\na=fmtp:96 octet-align=1; max-red=220\nb=AS:30\n",
-         RtcpConfig(5000, 2000, 0, 30, false), "AMR 8kHz pt96 20/240 oa rates 0 1 2 crc0 mcn0 mcp0 red1/220 dtx1\n",
-         "AMR 8kHz pt96 20/240 oa rates 0 1 2 crc0 mcn0 mcp0 red1/220 dtx1\n"},
+         RtcpConfig(5000, 2000, 0, 30, false), "AMR 8kHz pt96 20/240 oa rates 0 1 2 crc0 rs0 il0 mcn0 mcp0 red1/220 dtx1\n",
+         "AMR 8kHz pt96 20/240 oa rates 0 1 2 crc0 rs0 il0 mcn0 mcp0 red1/220 dtx1\n"},
     };
     for (const Row& row : rows) {
         SCOPED_TRACE(row.answer);
@@ -500,7 +477,7 @@ TEST(OfferAnswerTest, RoundTripBetweenDifferentCapabilities) {
     EXPECT_TRUE(ours.check().isSuccess());
     EXPECT_EQ("2001:db8::2", ours.getRemoteIp());
     EXPECT_EQ(30000, ours.getRemoteRtpPort());
-    EXPECT_EQ("AMR 8kHz pt96 20/240 oa rates 0 1 2 crc0 mcn0 mcp0 red1/220 dtx1\nDTMF 8kHz pt97 20/240\n",
+    EXPECT_EQ("AMR 8kHz pt96 20/240 oa rates 0 1 2 crc0 rs0 il0 mcn0 mcp0 red1/220 dtx1\nDTMF 8kHz pt97 20/240\n",
               codecs(ours, true));
     EXPECT_EQ(codecs(ours, true), codecs(theirs, false));
     EXPECT_EQ(codecs(ours, false), codecs(theirs, true));

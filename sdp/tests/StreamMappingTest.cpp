@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "AmrCodecConfig.h"
+#include "CodecSummary.h"
 #include "RtcpConfig.h"
 
 namespace tessel {
@@ -25,32 +26,6 @@ SessionDescription parsed(const std::string& text) {
 // A session with `session` lines, then the section "m=<media>" followed by `lines`.
 SessionDescription described(const std::string& session, const std::string& media, const std::string& lines) {
     return parsed(kSessionHead + session + "m=" + media + "\n" + lines);
-}
-
-// One line per codec of a list: every field the mapping sets.
-std::string codecs(const StreamConfig& stream, bool uplink) {
-    std::string text;
-    const std::size_t count = uplink ? stream.getUplinkCodecCount() : stream.getDownlinkCodecCount();
-    for (std::size_t i = 0; i < count; ++i) {
-        const CodecConfig* codec = uplink ? stream.getUplinkCodec(i) : stream.getDownlinkCodec(i);
-        text += std::string(getCodecIdDescription(codec->getCodecId())) + " " +
-                getBandTypeDescription(codec->getBandType()) + " pt" + std::to_string(codec->getPayloadType()) + " " +
-                std::to_string(codec->getPacketTime()) + "/" + std::to_string(codec->getMaxPacketTime());
-        if (const auto* amr = dynamic_cast<const AmrCodecConfig*>(codec)) {
-            text += std::string(amr->isOctetAlignModeEnabled() ? " oa" : " be") + " rates";
-            for (const AmrRate rate : amr->getSupportedAmrRates()) {
-                text += " " + std::to_string(rate);
-            }
-            text += " crc" + std::to_string(amr->isCrcModeEnabled()) + " rs" +
-                    std::to_string(amr->isRobustSortingModeEnabled()) + " il" +
-                    std::to_string(amr->isInterleavingModeEnabled()) + " mcn" +
-                    std::to_string(amr->isModeChangeNeighborEnabled()) + " mcp" +
-                    std::to_string(amr->getModeChangePeriod()) + " red" + std::to_string(amr->isRdcyModeEnabled()) +
-                    "/" + std::to_string(amr->getMaxRdcy()) + " dtx" + std::to_string(amr->isDTXModeEnabled());
-        }
-        text += "\n";
-    }
-    return text;
 }
 
 const char kAmrWb[] = "a=rtpmap:96 AMR-WB/16000/1\n";

@@ -1,0 +1,47 @@
+// A one-line summary per codec of a stream's list, for tests that compare negotiated or
+// mapped streams field by field in one string.
+#ifndef RVA_SDP_TESTS_CODEC_SUMMARY_H
+#define RVA_SDP_TESTS_CODEC_SUMMARY_H
+
+#include <string>
+
+#include "AmrCodecConfig.h"
+#include "CodecConfig.h"
+#include "MediaTypes.h"
+#include "StreamConfig.h"
+
+namespace tessel {
+namespace rva {
+namespace sdp {
+
+// One line per codec of a list: every field the SDP layer sets.
+inline std::string codecs(const StreamConfig& stream, bool uplink) {
+    std::string text;
+    const std::size_t count = uplink ? stream.getUplinkCodecCount() : stream.getDownlinkCodecCount();
+    for (std::size_t i = 0; i < count; ++i) {
+        const CodecConfig* codec = uplink ? stream.getUplinkCodec(i) : stream.getDownlinkCodec(i);
+        text += std::string(getCodecIdDescription(codec->getCodecId())) + " " +
+                getBandTypeDescription(codec->getBandType()) + " pt" + std::to_string(codec->getPayloadType()) + " " +
+                std::to_string(codec->getPacketTime()) + "/" + std::to_string(codec->getMaxPacketTime());
+        if (const auto* amr = dynamic_cast<const AmrCodecConfig*>(codec)) {
+            text += std::string(amr->isOctetAlignModeEnabled() ? " oa" : " be") + " rates";
+            for (const AmrRate rate : amr->getSupportedAmrRates()) {
+                text += " " + std::to_string(rate);
+            }
+            text += " crc" + std::to_string(amr->isCrcModeEnabled()) + " rs" +
+                    std::to_string(amr->isRobustSortingModeEnabled()) + " il" +
+                    std::to_string(amr->isInterleavingModeEnabled()) + " mcn" +
+                    std::to_string(amr->isModeChangeNeighborEnabled()) + " mcp" +
+                    std::to_string(amr->getModeChangePeriod()) + " red" + std::to_string(amr->isRdcyModeEnabled()) +
+                    "/" + std::to_string(amr->getMaxRdcy()) + " dtx" + std::to_string(amr->isDTXModeEnabled());
+        }
+        text += "\n";
+    }
+    return text;
+}
+
+}  // namespace sdp
+}  // namespace rva
+}  // namespace tessel
+
+#endif  // RVA_SDP_TESTS_CODEC_SUMMARY_H
