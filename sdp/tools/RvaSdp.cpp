@@ -165,17 +165,32 @@ bool readArguments(const Command& command, int argc, char** argv, Arguments& arg
     return true;
 }
 
+// The text of the file (or standard input) named by the operand; false, with a line on
+// standard error, when it cannot be read.
+bool readOperand(const Arguments& arguments, std::string& text) {
+    const std::string& path = arguments.operands[0];
+    std::string error;
+    if (!readInput(path, text, error)) {
+        std::fprintf(stderr, "%s: cannot read %s: %s\n", kProgram, path.c_str(), error.c_str());
+        return false;
+    }
+    return true;
+}
+
+void printNotes(const std::vector<std::string>& notes) {
+    for (const std::string& note : notes) {
+        std::printf("note: %s\n", note.c_str());
+    }
+}
+
 int runStream(const Arguments& arguments) {
     std::size_t mediaIndex = 0;
     const auto media = arguments.options.find("--media");
     if (media != arguments.options.end() && !readIndex(media->second, mediaIndex)) {
         return usageError("--media needs a media section number, not \"" + media->second + "\"");
     }
-    const std::string& path = arguments.operands[0];
     std::string text;
-    std::string error;
-    if (!readInput(path, text, error)) {
-        std::fprintf(stderr, "%s: cannot read %s: %s\n", kProgram, path.c_str(), error.c_str());
+    if (!readOperand(arguments, text)) {
         return kExitUsage;
     }
 
@@ -186,9 +201,7 @@ int runStream(const Arguments& arguments) {
     if (result.isSuccess()) {
         result = toStreamConfig(remote, mediaIndex, stream, &notes);
     }
-    for (const std::string& note : notes) {
-        std::printf("note: %s\n", note.c_str());
-    }
+    printNotes(notes);
     // A stream was filled on success and on a failed check; otherwise there is none to show.
     if (result.isSuccess() || result.getCode() == InvalidConfiguration) {
         std::fputs(stream.toString().c_str(), stdout);
@@ -257,11 +270,8 @@ int runAnswer(const Arguments& arguments) {
     if (!readEndpoint(arguments, endpoint, problem)) {
         return usageError(problem);
     }
-    const std::string& path = arguments.operands[0];
     std::string text;
-    std::string error;
-    if (!readInput(path, text, error)) {
-        std::fprintf(stderr, "%s: cannot read %s: %s\n", kProgram, path.c_str(), error.c_str());
+    if (!readOperand(arguments, text)) {
         return kExitUsage;
     }
 
@@ -281,9 +291,7 @@ int runAnswer(const Arguments& arguments) {
             std::printf("%s\n", answer.toString().c_str());
         }
     }
-    for (const std::string& note : notes) {
-        std::printf("note: %s\n", note.c_str());
-    }
+    printNotes(notes);
     if (result.isSuccess()) {
         std::fputs(negotiated.toString().c_str(), stdout);
     }
