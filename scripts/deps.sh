@@ -5,14 +5,24 @@
 # Installs what is missing with apt-get when run as root; otherwise prints the exact
 # command to run and stops.
 
+# Whether a package is installed. A name without ":arch" means the build machine's own
+# architecture (or none): a copy of another architecture, installed for a cross build,
+# does not count.
+package_installed() {
+    local native
+    native=$(dpkg --print-architecture)
+    case "$1" in
+        *:*) dpkg-query -W -f='${Status}\n' "$1" 2>/dev/null ;;
+        *) dpkg-query -W -f='${Status} ${Architecture}\n' "$1" 2>/dev/null | grep -E " ($native|all)\$" ;;
+    esac | grep '^install ok installed' >/dev/null
+}
+
 require_packages() {
     command -v dpkg-query >/dev/null 2>&1 || return 0   # not Debian: the build reports what it misses
     local missing=()
     local package
     for package in "$@"; do
-        if ! dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed'; then
-            missing+=("$package")
-        fi
+        package_installed "$package" || missing+=("$package")
     done
     [ ${#missing[@]} -eq 0 ] && return 0
     if [ "$(id -u)" -eq 0 ]; then
