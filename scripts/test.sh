@@ -63,9 +63,9 @@ elif [ "$mode" = --arch ]; then
     #   shares its memory, which qemu-user does not emulate (the child crashes), or in a
     #   re-executed copy of the program, which needs qemu registered with binfmt_misc;
     #   they run natively in the other modes;
-    # - host-only tests: the -m32 compilation with the host compiler (this build is the
-    #   real thing) and the install-and-consume test, which builds consumers with the
-    #   host's g++ and clang++;
+    # - host-only tests: the 32-bit compilation check (this build compiles every source
+    #   for the target already) and the install-and-consume test, which builds consumers
+    #   with the host's g++ and clang++;
     # - rva_sdp_program, which execs the program itself: it runs below through qemu.
     ctest --test-dir "$build" --output-on-failure -j"$jobs" \
         -E 'DeathTest|^CompilesFor32Bit$|^InstallAndConsume$|^rva_sdp_program$'
