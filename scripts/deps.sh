@@ -42,8 +42,9 @@ require_packages() {
 
 # Packages every build needs.
 BUILD_PACKAGES=(cmake g++ make pkg-config android-liblog-dev)
-# The 32-bit ARM cross compiler: the suite's 32-bit compilation test uses it.
-TEST_PACKAGES=(libgtest-dev libgmock-dev g++-arm-linux-gnueabihf)
+# The 32-bit ARM cross compiler: the suite's 32-bit compilation test uses it. clang: the
+# install-and-consume test builds an outside program with clang++ as well as g++.
+TEST_PACKAGES=(libgtest-dev libgmock-dev g++-arm-linux-gnueabihf clang)
 # Packages the benchmarks need: Google Benchmark, and the SDP parsers the SDP layer is
 # measured against (sofia-sip, oSIP, GStreamer), which nothing else uses.
 BENCH_PACKAGES=(libbenchmark-dev python3 libsofia-sip-ua-dev libosip2-dev libgstreamer-plugins-base1.0-dev)
