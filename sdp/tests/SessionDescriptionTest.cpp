@@ -2,45 +2,38 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <new>
 #include <string>
 
-namespace tessel {
-namespace rva {
-namespace sdp {
-namespace {
+#include "SdpTestHelpers.h"
 
-SessionDescription parsed(const std::string& text) {
-    SessionDescription description;
-    const Result result = SessionDescription::parse(text, description);
-    EXPECT_TRUE(result.isSuccess()) << result.format();
-    return description;
+// Counts the blocks this program allocates; the library binds to this operator new too.
+// Not inlined, so that the compiler does not pair a malloc() it sees with another delete.
+static long allocations = 0;
+__attribute__((noinline)) void* operator new(std::size_t size) {
+    ++allocations;
+    if (void* block = std::malloc(size == 0 ? 1 : size)) {
+        return block;
+    }
+    throw std::bad_alloc();
 }
+__attribute__((noinline)) void operator delete(void* block) noexcept { std::free(block); }
+__attribute__((noinline)) void operator delete(void* block, std::size_t) noexcept { std::free(block); }
+
+namespace tessel::rva::sdp {
+namespace {
 
 // Line ends of both kinds, blank and empty lines, trailing blanks, c= after t=, b= after
 // a=, unknown letters and mixed-case names: all read, and written back in RFC 4566 order.
 TEST(SessionDescriptionTest, ReadsRealWorldTextAndWritesItInOrder) {
     const SessionDescription description = parsed(
-        "v=0\r\n"
-        "o=- 1 2 IN IP4 192.0.2.1\n"
-        "s=-  \t\r\n"
-        "t=0 0\r\n"
-        "\r\n"
-        "  \n"
-        "a=SendOnly\n"
-        "c=IN IP4 192.0.2.1\n"
-        "x=kept\n"
-        "m=audio   49170/2  RTP/AVPF 96\t97 \r\n"
-        "a=rtpmap:96 AMR-WB/16000/1\n"
-        "A=ignored-letter-case\n"
-        "a=RTPMAP:97 telephone-event/16000\n"
-        "a=rtpmap:96 AMR/8000\n"
-        "a=FMTP:96  mode-set=0,2\n"
-        "a=fmtp:96 octet-align=1\n"
-        "b=RR:2000\n"
-        "c=IN IP6 2001:db8::1\n"
-        "a=ptime: 20\n"
-        "b=as:41\n"
-        "y=other\n"
+        "\nv=0\r\no=- 1 2 IN IP4 192.0.2.1\ns=-  \t\r\nt=0 0\r\n\r\n  \n"
+        "a=SendOnly\nk=prompt\nz=0 0\nc=IN IP4 192.0.2.1\nx=kept\n"
+        "m=audio   49170/2  RTP/AVPF 96\t127 \r\n"
+        "a=rtpmap:96 AMR-WB/16000/1\nA=ignored-letter-case\na=RTPMAP:127 telephone-event/16000\n"
+        "a=rtpmap:96 AMR/8000\na=FMTP:96  mode-set=0,2\na=fmtp:96 octet-align=1\n"
+        "b=RR:2000\nc=IN IP6 2001:db8::1\na=ptime: 20\nb=as:41\ny=other\n"
         "m=audio 0 RTP/AVP 0");
 
     EXPECT_TRUE(description.hasAttribute("sendonly"));
@@ -51,27 +44,27 @@ TEST(SessionDescriptionTest, ReadsRealWorldTextAndWritesItInOrder) {
     EXPECT_EQ(49170u, audio.port());
     EXPECT_EQ(2u, *audio.portCount());
     EXPECT_EQ("RTP/AVPF", audio.protocol());
-    EXPECT_EQ((std::vector<std::string>{"96", "97"}), audio.formats());
+    EXPECT_EQ((std::vector<std::string>{"96", "127"}), audio.formats());
     EXPECT_EQ("AMR-WB", audio.rtpmap(96)->encoding);  // the first rtpmap of a type counts
-    EXPECT_EQ(16000u, audio.rtpmap(97)->clockRate);
-    EXPECT_EQ(0u, audio.rtpmap(97)->channels);
+    EXPECT_EQ(16000u, audio.rtpmap(127)->clockRate);
+    EXPECT_EQ(0u, audio.rtpmap(127)->channels);
     EXPECT_FALSE(audio.rtpmap(0));
     EXPECT_EQ("mode-set=0,2", audio.fmtp(96));  // and so does the first fmtp
-    EXPECT_EQ("", audio.fmtp(97));
+    EXPECT_EQ("", audio.fmtp(127));
     EXPECT_EQ(" 20", audio.attributeValue("PTIME"));
     EXPECT_EQ("", audio.attributeValue("sendonly"));
     EXPECT_FALSE(audio.hasAttribute("sendonly"));
+    EXPECT_FALSE(audio.hasAttribute("ptimes"));
     EXPECT_EQ("IP6", audio.connection()->addressType);
     EXPECT_EQ(41u, *audio.bandwidth("AS"));
     EXPECT_EQ(2000u, *audio.bandwidth("rr"));
     EXPECT_FALSE(audio.bandwidth("RS"));
-    EXPECT_EQ(0u, description.media(1).port());
     EXPECT_EQ(0u, description.media(7).formats().size());
 
     const std::string written =
-        "v=0\r\no=- 1 2 IN IP4 192.0.2.1\r\ns=-\r\nc=IN IP4 192.0.2.1\r\nt=0 0\r\nx=kept\r\na=SendOnly\r\n"
-        "m=audio 49170/2 RTP/AVPF 96 97\r\nc=IN IP6 2001:db8::1\r\nb=RR:2000\r\nb=as:41\r\n"
-        "A=ignored-letter-case\r\ny=other\r\na=rtpmap:96 AMR-WB/16000/1\r\na=RTPMAP:97 telephone-event/16000\r\n"
+        "v=0\r\no=- 1 2 IN IP4 192.0.2.1\r\ns=-\r\nc=IN IP4 192.0.2.1\r\nt=0 0\r\nz=0 0\r\nk=prompt\r\nx=kept\r\n"
+        "a=SendOnly\r\nm=audio 49170/2 RTP/AVPF 96 127\r\nc=IN IP6 2001:db8::1\r\nb=RR:2000\r\nb=as:41\r\n"
+        "A=ignored-letter-case\r\ny=other\r\na=rtpmap:96 AMR-WB/16000/1\r\na=RTPMAP:127 telephone-event/16000\r\n"
         "a=rtpmap:96 AMR/8000\r\na=FMTP:96  mode-set=0,2\r\na=fmtp:96 octet-align=1\r\na=ptime: 20\r\n"
         "m=audio 0 RTP/AVP 0\r\n";
     EXPECT_EQ(written, description.toString());
@@ -100,30 +93,35 @@ TEST(SessionDescriptionTest, RefusesMalformedTextNamingTheLine) {
         {std::string(65537, '\n'), "description over 65536 bytes"},
         {"v=0\n\nhello\n", "line 3: not a line of the form <letter>=<value>: \"hello\""},
         {"v=0\n1=one\n", "line 2: not a line of the form <letter>=<value>: \"1=one\""},
-        {"=x", "line 1: not a line of the form <letter>=<value>: \"=x\""},
         {"v=0\r\nm=audio 65536 RTP/AVP 0\r\n", "line 2: port out of range 0..65535: \"m=audio 65536 RTP/AVP 0\""},
-        {"m=audio 99999999999999999999 RTP/AVP 0", "line 1: port out of range 0..65535: \"m=audio 99999999999999999999 RTP/AVP 0\""},
+        {"m=audio 99999999999999999999 RTP/AVP 0",
+         "line 1: port out of range 0..65535: \"m=audio 99999999999999999999 RTP/AVP 0\""},
         {"m=audio -1 RTP/AVP 0", "line 1: port out of range 0..65535: \"m=audio -1 RTP/AVP 0\""},
         {"m=audio 9 RTP/AVP", "line 1: no format: \"m=audio 9 RTP/AVP\""},
         {"m=audio 9/x RTP/AVP 0",
-         "line 1: bad m= line: expected \"<media> <port>[/<count>] <protocol> <format>...\": \"m=audio 9/x RTP/AVP 0\""},
+         "line 1: bad m= line: expected \"<media> <port>[/<count>] <protocol> <format>...\": \"m=audio 9/x RTP/AVP "
+         "0\""},
         {"m=audio", "line 1: bad m= line: expected \"<media> <port>[/<count>] <protocol> <format>...\": \"m=audio\""},
         {"c=IN IP4", "line 1: bad c= line: expected \"IN IP4|IP6 <address>\": \"c=IN IP4\""},
         {"c=IN IP5 192.0.2.1", "line 1: bad c= line: expected \"IN IP4|IP6 <address>\": \"c=IN IP5 192.0.2.1\""},
         {"c=IN IP4 192.0.2.1 x", "line 1: bad c= line: expected \"IN IP4|IP6 <address>\": \"c=IN IP4 192.0.2.1 x\""},
-        {"b=AS:4294967296", "line 1: bad b= line: expected \"<type>:<number>\" with an unsigned 32-bit number: \"b=AS:4294967296\""},
+        {"b=AS:4294967296",
+         "line 1: bad b= line: expected \"<type>:<number>\" with an unsigned 32-bit number: \"b=AS:4294967296\""},
         {"b=:5", "line 1: bad b= line: expected \"<type>:<number>\" with an unsigned 32-bit number: \"b=:5\""},
         {"b=AS", "line 1: bad b= line: expected \"<type>:<number>\" with an unsigned 32-bit number: \"b=AS\""},
         {"a=", "line 1: attribute without a name: \"a=\""},
         {"a=:x", "line 1: attribute without a name: \"a=:x\""},
         {"a=rtpmap:128 AMR/8000",
-         "line 1: bad a=rtpmap: expected \"<pt> <encoding>/<clock>[/<channels>]\" with pt 0..127: \"a=rtpmap:128 AMR/8000\""},
+         "line 1: bad a=rtpmap: expected \"<pt> <encoding>/<clock>[/<channels>]\" with pt 0..127: \"a=rtpmap:128 "
+         "AMR/8000\""},
         {"a=rtpmap:96 AMR",
          "line 1: bad a=rtpmap: expected \"<pt> <encoding>/<clock>[/<channels>]\" with pt 0..127: \"a=rtpmap:96 AMR\""},
         {"a=rtpmap:96 AMR/8000/x",
-         "line 1: bad a=rtpmap: expected \"<pt> <encoding>/<clock>[/<channels>]\" with pt 0..127: \"a=rtpmap:96 AMR/8000/x\""},
-        {"a=fmtp:x mode-set=0", "line 1: bad a=fmtp: expected \"<pt> <parameters>\" with pt 0..127: \"a=fmtp:x mode-set=0\""},
-        {"v=0\n" + longLine + "x\r\n", "line 2: line over 4096 bytes: \"" + longLine.substr(0, 80) + "\"..."},
+         "line 1: bad a=rtpmap: expected \"<pt> <encoding>/<clock>[/<channels>]\" with pt 0..127: \"a=rtpmap:96 "
+         "AMR/8000/x\""},
+        {"a=fmtp:x mode-set=0",
+         "line 1: bad a=fmtp: expected \"<pt> <parameters>\" with pt 0..127: \"a=fmtp:x mode-set=0\""},
+        {"v=0\n" + longLine + "\r\n", "line 2: line over 4096 bytes: \"" + longLine.substr(0, 80) + "\"..."},
         {manyMedia, "line 66: more than 64 media sections: \"m=audio 9 RTP/AVP 0\""},
         {manyFormats, "line 1: more than 128 formats: \"" + manyFormats.substr(0, 80) + "\"..."},
         {"\x01x=\"\\\xff", "line 1: not a line of the form <letter>=<value>: \"\\x01x=\\x22\\x5c\\xff\""},
@@ -141,14 +139,11 @@ TEST(SessionDescriptionTest, RefusesMalformedTextNamingTheLine) {
 
 // The limits themselves are accepted.
 TEST(SessionDescriptionTest, AcceptsTextAtEachLimit) {
-    std::string text = "v=0\r\na=" + std::string(4094, 'x') + "\r\n";
-    for (int i = 0; i < 64; ++i) {
-        text += "m=audio 9 RTP/AVP";
-        for (int format = 0; format < (i == 0 ? 128 : 1); ++format) {
-            text += " 0";
-        }
-        text += "\r\n";
+    std::string text = "v=0\r\na=" + std::string(4094, 'x') + "\r\nm=audio 9 RTP/AVP";
+    for (int i = 0; i < 128 + 63; ++i) {
+        text += i < 128 ? " 0" : "\r\nm=audio 9 RTP/AVP 0";
     }
+    text += "\r\n";
     text.append(65536 - text.size() - 1, '\n').append(1, ' ');
     ASSERT_EQ(65536u, text.size());
     const SessionDescription description = parsed(text);
@@ -198,11 +193,13 @@ TEST(SessionDescriptionTest, BuildsSectionsThatParseBack) {
         EXPECT_EQ("Invalid Param (Code 1002): " + row.message, result.format());
         EXPECT_EQ(before, audio);
     }
-    EXPECT_EQ("Invalid Param (Code 1002): no format: \"m=audio 9 RTP/AVP\"", audio.setMediaLine("audio 9 RTP/AVP").format());
+    EXPECT_EQ("Invalid Param (Code 1002): no format: \"m=audio 9 RTP/AVP\"",
+              audio.setMediaLine("audio 9 RTP/AVP").format());
     EXPECT_EQ(before, audio);
 
     SessionDescription session;
-    EXPECT_EQ(InvalidParam, session.addMedia(MediaDescription()).getCode());
+    EXPECT_EQ("Invalid Param (Code 1002): media section without a format",
+              session.addMedia(MediaDescription()).format());
     EXPECT_TRUE(session.addMedia(audio).isSuccess());
     MediaDescription copy = audio;
     EXPECT_TRUE(copy.addLine('a', "ptime:20").isSuccess());
@@ -211,9 +208,29 @@ TEST(SessionDescriptionTest, BuildsSectionsThatParseBack) {
         "m=audio 49152 RTP/AVP 96 100\r\nc=IN IP4 192.0.2.1\r\na=rtpmap:96 AMR-WB/16000/1\r\na=sendrecv\r\n";
     EXPECT_EQ(text, session.toString());
     EXPECT_EQ(session, parsed(text));
+    for (std::size_t count = 1; count < 64; ++count) {
+        EXPECT_TRUE(session.addMedia(audio).isSuccess());
+    }
+    EXPECT_EQ("Invalid Param (Code 1002): more than 64 media sections", session.addMedia(audio).format());
+}
+
+// Reading sizes the storage of each level before filling it, and writing sizes its text
+// first: the blocks allocated do not depend on how many lines a level has.
+TEST(SessionDescriptionTest, AllocationsDoNotGrowWithTheLines) {
+    const auto allocationsFor = [](int lines) {
+        std::string level;
+        for (int i = 0; i < lines; ++i) {
+            level += "a=attribute:" + std::to_string(i) + " value\n";
+        }
+        const std::string text = "v=0\n" + level + "m=audio 9 RTP/AVP 0\n" + level + "m=audio 9 RTP/AVP 0\n" + level;
+        SessionDescription description;
+        const long before = allocations;
+        EXPECT_TRUE(SessionDescription::parse(text, description).isSuccess());
+        const std::string written = description.toString();
+        return allocations - before;
+    };
+    EXPECT_EQ(allocationsFor(2), allocationsFor(300));
 }
 
 }  // namespace
-}  // namespace sdp
-}  // namespace rva
-}  // namespace tessel
+}  // namespace tessel::rva::sdp

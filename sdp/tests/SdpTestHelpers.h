@@ -1,18 +1,27 @@
-// A one-line summary per codec of a stream's list, for tests that compare negotiated or
+// Helpers shared by the SDP layer's tests: reading a description that must parse, and a
+// one-line summary per codec of a stream's list, so that tests compare negotiated or
 // mapped streams field by field in one string.
-#ifndef RVA_SDP_TESTS_CODEC_SUMMARY_H
-#define RVA_SDP_TESTS_CODEC_SUMMARY_H
+#ifndef RVA_SDP_TESTS_SDP_TEST_HELPERS_H
+#define RVA_SDP_TESTS_SDP_TEST_HELPERS_H
+
+#include <gtest/gtest.h>
 
 #include <string>
 
 #include "AmrCodecConfig.h"
 #include "CodecConfig.h"
 #include "MediaTypes.h"
+#include "SessionDescription.h"
 #include "StreamConfig.h"
 
-namespace tessel {
-namespace rva {
-namespace sdp {
+namespace tessel::rva::sdp {
+
+inline SessionDescription parsed(const std::string& text) {
+    SessionDescription description;
+    const Result result = SessionDescription::parse(text, description);
+    EXPECT_TRUE(result.isSuccess()) << result.format();
+    return description;
+}
 
 // One line per codec of a list: every field the SDP layer sets.
 inline std::string codecs(const StreamConfig& stream, bool uplink) {
@@ -40,8 +49,6 @@ inline std::string codecs(const StreamConfig& stream, bool uplink) {
     return text;
 }
 
-}  // namespace sdp
-}  // namespace rva
-}  // namespace tessel
+}  // namespace tessel::rva::sdp
 
-#endif  // RVA_SDP_TESTS_CODEC_SUMMARY_H
+#endif  // RVA_SDP_TESTS_SDP_TEST_HELPERS_H
