@@ -6,28 +6,18 @@
 #include <cstdio>
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: %s <path of librvacommon.so>\n", argv[0]);
-        return 2;
-    }
-    void* library = dlopen(argv[1], RTLD_NOW | RTLD_LOCAL);
-    if (library == nullptr) {
-        std::fprintf(stderr, "dlopen: %s\n", dlerror());
-        return 1;
-    }
+    void* library = argc == 2 ? dlopen(argv[1], RTLD_NOW | RTLD_LOCAL) : nullptr;
     // tessel::rva::Utils::isValidSocketPort(int), a plain function of the library.
     typedef bool (*PortTest)(int);
     const PortTest isValidSocketPort =
-        reinterpret_cast<PortTest>(dlsym(library, "_ZN6tessel3rva5Utils17isValidSocketPortEi"));
+        library ? reinterpret_cast<PortTest>(dlsym(library, "_ZN6tessel3rva5Utils17isValidSocketPortEi")) : nullptr;
     if (isValidSocketPort == nullptr || !isValidSocketPort(50000) || isValidSocketPort(80)) {
-        std::fprintf(stderr, "the library's isValidSocketPort is missing or wrong\n");
+        std::fprintf(stderr,
+                     "usage: %s <path of librvacommon.so>: the library's isValidSocketPort is missing or wrong\n",
+                     argv[0]);
         return 1;
     }
-    if (dlclose(library) != 0) {
-        std::fprintf(stderr, "dlclose: %s\n", dlerror());
-        return 1;
-    }
-    if (dlopen(argv[1], RTLD_NOW | RTLD_NOLOAD) != nullptr) {
+    if (dlclose(library) != 0 || dlopen(argv[1], RTLD_NOW | RTLD_NOLOAD) != nullptr) {
         std::fprintf(stderr, "%s is still loaded after dlclose()\n", argv[1]);
         return 1;
     }
