@@ -17,15 +17,14 @@ namespace {
 
 const std::size_t kInitialCodecCapacity = 4;
 
-// A stream only ever holds one of the four directions: setDirection refuses the rest.
 const char* directionDescription(StreamConfig::Direction direction) {
     switch (direction) {
         case StreamConfig::Inactive: return "Inactive";
         case StreamConfig::SendOnly: return "Send only";
         case StreamConfig::ReceiveOnly: return "Receive only";
-        case StreamConfig::FullDuplex: break;
+        case StreamConfig::FullDuplex: return "Full duplex";
     }
-    return "Full duplex";
+    return nullptr;
 }
 
 void printCodecs(std::ostream& out, const char* heading, const StreamConfig::CodecConfigList& list) {
@@ -267,7 +266,13 @@ std::string StreamConfig::toString() const noexcept {
     TextStream text;
     text << "  Remote: " << mRemoteIp << ":" << mRemoteRtpPort << std::endl;
     text << "  Mute: " << mUplinkMuted << std::endl;
-    text << "  Direction : " << directionDescription(mDirection) << " (" << mDirection << ")" << std::endl;
+    text << "  Direction : ";
+    if (const char* description = directionDescription(mDirection)) {
+        text << description;
+    } else {
+        text << "Unknown direction (" << mDirection << ")";
+    }
+    text << " (" << mDirection << ")" << std::endl;
     text << "  RtcpEnabled: " << mRtcpEnabled << std::endl;
     text << "  RtcpConfig: AS=" << mRtcpConfig.getAs() << " RS=" << mRtcpConfig.getRs() << " RR=" << mRtcpConfig.getRr()
          << " interval=" << mRtcpConfig.getInterval() << "  ReducedSizeMode=" << mRtcpConfig.isReducedSizeMode()
