@@ -12,14 +12,23 @@
 
 #include "BenchSupport.h"
 #include "SdpTexts.h"
+#include "OfferAnswer.h"
 #include "SessionDescription.h"
+#include "StreamConfig.h"
+#include "StreamMapping.h"
 #include "peers/PeerParsers.h"
 
 namespace bench {
 namespace {
 
+using tessel::rva::StreamCapabilities;
+using tessel::rva::StreamConfig;
+using tessel::rva::sdp::LocalEndpoint;
 using tessel::rva::sdp::MediaDescription;
 using tessel::rva::sdp::SessionDescription;
+using tessel::rva::sdp::createAnswer;
+using tessel::rva::sdp::defaultCapabilities;
+using tessel::rva::sdp::toStreamConfig;
 
 struct Text {
     const char* name;
@@ -113,10 +122,38 @@ bool registerSdpBenchmarks() {
             add(operation, peer->name, [peer, input] { keep(peer->parse(*input)); });
         }
     }
-    // Operations built on a parse of kVolteOffer (mapping it onto a StreamConfig and
-    // checking it, answering it) are registered here the same way, as "<operation>/rvasdp"
-    // plus a side per peer able to do the same work; the table lists them after the parse
-    // rows.
+    // The library's whole job on a received offer: parse it, map it onto the stream to
+    // run and check that stream, next to each peer's parse alone (none maps or checks).
+    const std::string* const offer = &kTexts[0].text;
+    const std::string mapped = "SDP parse + toStreamConfig + check(): VoLTE offer";
+    add(mapped, "rvasdp", [offer] {
+        SessionDescription description;
+        keep(SessionDescription::parse(*offer, description));
+        StreamConfig stream;
+        keep(toStreamConfig(description, 0, stream));
+        keep(stream.check());
+    });
+    for (const PeerParser* peer : kPeers) {
+        add(mapped, std::string(peer->name) + " (parse only)", [peer, offer] { keep(peer->parse(*offer)); });
+    }
+    // Answering the parsed offer with the default capabilities: the answer section and the
+    // negotiated stream. No peer negotiates AMR, so this row stands alone.
+    static const SessionDescription parsedOffer = [] {
+        SessionDescription description;
+        SessionDescription::parse(kVolteOffer, description);
+        return description;
+    }();
+    static const StreamCapabilities capabilities = defaultCapabilities();
+    add("createAnswer: VoLTE offer", "rvasdp", [] {
+        LocalEndpoint endpoint;
+        endpoint.address = "198.51.100.7";
+        endpoint.rtpPort = 50000;
+        MediaDescription answer;
+        StreamConfig negotiated;
+        keep(createAnswer(capabilities, endpoint, parsedOffer, 0, answer, negotiated));
+        keep(answer);
+        keep(negotiated);
+    });
     return true;
 }
 
