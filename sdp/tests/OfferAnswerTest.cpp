@@ -152,92 +152,138 @@ TEST(OfferAnswerTest, OfferRefusalsLeaveTheOfferUnchanged) {
     }
 }
 
-// Every failure leaves `negotiated` as it was; every failure but 1002 writes an answer,
-// the rejected-stream line unless the offer was answerable.
-TEST(OfferAnswerTest, AnswerRefusals) {
-    struct Row {
-        const char* media;
-        const char* session;
-        std::size_t index;
+MediaDescription offerOf(Profile profile, StreamConfig::Direction direction = StreamConfig::FullDuplex) {
+    LocalEndpoint endpoint = kLocal;
+    endpoint.direction = direction;
+    MediaDescription offer;
+    EXPECT_TRUE(createOffer(capabilities(profile), endpoint, offer).isSuccess());
+    return offer;
+}
+
+// Every refusal, answering an offer or reading the answer to ours, leaves `negotiated` as it
+// was. Answering, every failure but 1002 writes an answer: the rejected-stream line unless
+// the offer was answerable.
+TEST(OfferAnswerTest, RefusalsLeaveTheStreamUnchanged) {
+    const struct {
+        Profile ours;        // the capabilities we answer with, or that made our offer
+        const char* remote;  // after "m=": the offer we answer, or the answer to our offer
         ResultCode code;
-        const char* answer;  // how the answer starts
         const char* message;
-    };
-    const char* const kC = "c=IN IP4 192.0.2.9\n";
-    const Row rows[] = {
-        {"audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", kC, 1, InvalidParam, "m=audio 9 RTP/AVP 0\r\n",
-         "media index 1 past the end"},
-        {"audio 0 RTP/SAVP 98 0\n", kC, 0, Rejected, "m=audio 0 RTP/SAVP 98\r\n", "disabled"},
-        {"audio 5004 RTP/SAVP 98\na=rtpmap:98 AMR/8000\n", kC, 0, Rejected, "m=audio 0 RTP/SAVP 98\r\n",
-         "\"RTP/SAVP\""},
-        {"audio 5004 RTP/AVP 0 101\na=rtpmap:101 telephone-event/8000\n", kC, 0, Rejected, "m=audio 0 RTP/AVP 0\r\n",
-         "no AMR or AMR-WB payload type offered"},
-        {"audio 5004 RTP/AVP 97 98\na=rtpmap:97 AMR/8000\na=fmtp:97 mode-set=8\na=rtpmap:98 AMR/8000\n"
+        const char* answer = nullptr;  // how our answer starts; none: the remote is an answer
+        const char* session = "c=IN IP4 192.0.2.9\n";
+        std::size_t index = 0;
+    } rows[] = {
+        {Default, "audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", InvalidParam, "media index 1 past the end",
+         "m=audio 9 RTP/AVP 0\r\n", "c=IN IP4 192.0.2.9\n", 1},
+        {Default, "audio 0 RTP/SAVP 98 0\n", Rejected, "disabled", "m=audio 0 RTP/SAVP 98\r\n"},
+        {Default, "audio 5004 RTP/SAVP 98\na=rtpmap:98 AMR/8000\n", Rejected, "\"RTP/SAVP\"",
+         "m=audio 0 RTP/SAVP 98\r\n"},
+        {Default, "audio 5004 RTP/AVP 0 101\na=rtpmap:101 telephone-event/8000\n", Rejected,
+         "no AMR or AMR-WB payload type offered", "m=audio 0 RTP/AVP 0\r\n"},
+        {Default,
+         "audio 5004 RTP/AVP 97 98\na=rtpmap:97 AMR/8000\na=fmtp:97 mode-set=8\na=rtpmap:98 AMR/8000\n"
          "a=fmtp:98 crc=1\n",
-         kC, 0, Rejected, "m=audio 0 RTP/AVP 97\r\n",
+         Rejected,
          "payload type 97 (AMR/8000): a=fmtp refused: invalid value of fmtp parameter \"mode-set\": \"8\"; "
-         "payload type 98 (AMR/8000): crc=1 not supported"},
+         "payload type 98 (AMR/8000): crc=1 not supported",
+         "m=audio 0 RTP/AVP 97\r\n"},
         // A voice format found, but no usable remote address or port.
-        {"audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", "", 0, Malformed, "m=audio 0 RTP/AVP 98\r\n", "no c= line"},
-        {"audio 5004/2 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", kC, 0, Unsupported, "m=audio 0 RTP/AVP 98\r\n",
-         "port count /2"},
+        {Default, "audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", Malformed, "no c= line", "m=audio 0 RTP/AVP 98\r\n",
+         ""},
+        {Default, "audio 5004/2 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", Unsupported, "port count /2",
+         "m=audio 0 RTP/AVP 98\r\n"},
         // The answer is written, the stream fails its check: the offerer wants 300 ms.
-        {"audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\na=ptime:300\n", kC, 0, InvalidConfiguration,
-         "m=audio 49152 RTP/AVP 98\r\n", "Packet time '300'"},
+        {Default, "audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\na=ptime:300\n", InvalidConfiguration,
+         "Packet time '300'", "m=audio 49152 RTP/AVP 98\r\n"},
+        // Answers to our offer.
+        {Default, "audio 0 RTP/AVP 96\n", Rejected, "disabled"},
+        {Default, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR-WB/16000\n", Malformed, "no c= line", nullptr, ""},
+        {Default, "audio 6000 RTP/AVPF 96\na=rtpmap:96 AMR-WB/16000\n", Unsupported, "\"RTP/AVPF\" differs"},
+        {Default, "audio 6000 RTP/AVP 96 100\na=rtpmap:96 AMR-WB/16000\na=rtpmap:100 telephone-event/8000\n",
+         Unsupported, "payload type \"100\" was not offered with that meaning"},
+        {Default, "audio 6000 RTP/AVP 96 102\na=rtpmap:96 AMR-WB/16000\n", Unsupported, "\"102\" was not offered"},
+        {Default, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR/8000\n", Unsupported, "payload type \"96\" was not"},
+        {Default, "audio 6000 RTP/AVP 100\na=rtpmap:100 telephone-event/16000\n", Rejected, "no AMR"},
+        {Default, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR-WB/16000\na=fmtp:96 octet-align=1\n", Unsupported,
+         "payload type 96: octet-align differs"},
+        {Default, "audio 6000 RTP/AVP 97\na=rtpmap:97 AMR-WB/16000\na=fmtp:97 octet-align=1; crc=1\n", Unsupported,
+         "payload type 97: crc differs"},
+        {Default, "audio 6000 RTP/AVP 97\na=rtpmap:97 AMR-WB/16000\na=fmtp:97 octet-align=1; mode-set=0,9\n",
+         Unsupported, "payload type 97: invalid value of fmtp parameter \"mode-set\""},
+        {Restricted, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR/8000\na=fmtp:96 octet-align=1; mode-set=0,1\n",
+         Unsupported, "payload type 96: mode-set differs"},
     };
     StreamConfig before;
     before.setRemoteRtpPort(50000);
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.media);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.remote);
         MediaDescription answer;
         answer.setMediaLine("audio 9 RTP/AVP 0");
         StreamConfig negotiated(before);
+        const SessionDescription description = remote(row.remote, row.session);
         const Result result =
-            createAnswer(defaultCapabilities(), kLocal, remote(row.media, row.session), row.index, answer, negotiated);
+            row.answer ? createAnswer(capabilities(row.ours), kLocal, description, row.index, answer, negotiated)
+                       : applyAnswer(offerOf(row.ours), description, row.index, negotiated);
         EXPECT_EQ(row.code, result.getCode());
         EXPECT_NE(std::string::npos, result.format().find(row.message)) << result.format();
-        EXPECT_EQ(0u, answer.toString().find(row.answer)) << answer.toString();
+        if (row.answer) {
+            EXPECT_EQ(0u, answer.toString().find(row.answer)) << answer.toString();
+        }
         EXPECT_EQ(before.toString(), negotiated.toString());
     }
 }
 
-// RFC 3264 section 6.1: what we answer to each offered direction, and the stream we run.
-TEST(OfferAnswerTest, AnswerDirection) {
-    struct Row {
-        const char* session;
-        const char* media;
-        StreamConfig::Direction wanted;
-        const char* answered;
-        StreamConfig::Direction negotiated;
+// RFC 3264 section 6.1: the direction we answer to each offered one, and the stream we run;
+// reading the answer to our offer, the stream runs at most what the offer allowed, with a
+// note when the answer grants more.
+TEST(OfferAnswerTest, Directions) {
+    using S = StreamConfig;
+    const struct {
+        S::Direction ours;  // the direction we want, or the one we offered
+        const char* lines;  // the remote section's lines after its a=rtpmap
+        S::Direction negotiated;
         bool rtcp;
-    };
-    const Row rows[] = {
-        {"c=IN IP4 192.0.2.9\n", "", StreamConfig::FullDuplex, "sendrecv", StreamConfig::FullDuplex, true},
-        {"c=IN IP4 192.0.2.9\n", "", StreamConfig::ReceiveOnly, "recvonly", StreamConfig::ReceiveOnly, true},
-        {"c=IN IP4 192.0.2.9\n", "a=sendonly\n", StreamConfig::FullDuplex, "recvonly", StreamConfig::ReceiveOnly, true},
-        {"c=IN IP4 192.0.2.9\n", "a=sendonly\n", StreamConfig::SendOnly, "inactive", StreamConfig::Inactive, true},
-        {"c=IN IP4 192.0.2.9\n", "a=recvonly\n", StreamConfig::FullDuplex, "sendonly", StreamConfig::SendOnly, true},
-        {"c=IN IP4 192.0.2.9\n", "a=recvonly\n", StreamConfig::ReceiveOnly, "inactive", StreamConfig::Inactive, true},
-        {"c=IN IP4 192.0.2.9\n", "a=inactive\n", StreamConfig::FullDuplex, "inactive", StreamConfig::Inactive, true},
-        {"c=IN IP4 192.0.2.9\na=sendonly\n", "", StreamConfig::FullDuplex, "recvonly", StreamConfig::ReceiveOnly, true},
+        std::size_t notes;
+        const char* answered = nullptr;  // our answer's direction; none: the remote is an answer
+        const char* session = "c=IN IP4 192.0.2.9\n";
+    } rows[] = {
+        {S::FullDuplex, "", S::FullDuplex, true, 1, "sendrecv"},
+        {S::ReceiveOnly, "", S::ReceiveOnly, true, 1, "recvonly"},
+        {S::FullDuplex, "a=sendonly\n", S::ReceiveOnly, true, 1, "recvonly"},
+        {S::SendOnly, "a=sendonly\n", S::Inactive, true, 1, "inactive"},
+        {S::FullDuplex, "a=recvonly\n", S::SendOnly, true, 1, "sendonly"},
+        {S::ReceiveOnly, "a=recvonly\n", S::Inactive, true, 1, "inactive"},
+        {S::FullDuplex, "a=inactive\n", S::Inactive, true, 1, "inactive"},
+        {S::FullDuplex, "", S::ReceiveOnly, true, 1, "recvonly", "c=IN IP4 192.0.2.9\na=sendonly\n"},
         // Hold by a null address: answered by the attribute, but nothing is sent.
-        {"c=IN IP4 0.0.0.0\n", "", StreamConfig::FullDuplex, "sendrecv", StreamConfig::ReceiveOnly, false},
+        {S::FullDuplex, "", S::ReceiveOnly, false, 1, "sendrecv", "c=IN IP4 0.0.0.0\n"},
+        {S::FullDuplex, "", S::FullDuplex, true, 0},
+        {S::SendOnly, "a=recvonly\n", S::SendOnly, true, 0},
+        {S::SendOnly, "a=sendrecv\n", S::SendOnly, true, 1},
+        {S::ReceiveOnly, "", S::ReceiveOnly, true, 1},
+        {S::FullDuplex, "c=IN IP4 0.0.0.0\n", S::ReceiveOnly, false, 0},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(std::string(row.session) + row.media + row.answered);
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.session) + row.lines + (row.answered ? row.answered : "(answer)"));
         LocalEndpoint endpoint = kLocal;
-        endpoint.direction = row.wanted;
+        endpoint.direction = row.ours;
         MediaDescription answer;
         StreamConfig negotiated;
         std::vector<std::string> notes;
-        const SessionDescription offer =
-            remote("audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\n" + std::string(row.media), row.session);
-        ASSERT_TRUE(createAnswer(capabilities(CrcCapable), endpoint, offer, 0, answer, negotiated, &notes).isSuccess());
-        EXPECT_EQ(std::vector<std::string>{"telephone-event: no DTMF capability at 8000 Hz"}, notes);
-        const std::string text = answer.toString();
-        EXPECT_EQ(std::string("a=") + row.answered + "\r\n", text.substr(text.rfind("a=")));
+        const SessionDescription description =
+            remote("audio 5004 RTP/AVP 98\na=rtpmap:98 amr/8000\n" + std::string(row.lines), row.session);
+        ASSERT_TRUE((row.answered
+                         ? createAnswer(capabilities(CrcCapable), endpoint, description, 0, answer, negotiated, &notes)
+                         : applyAnswer(offerOf(Default, row.ours), description, 0, negotiated, &notes))
+                        .isSuccess());
         EXPECT_EQ(row.negotiated, negotiated.getDirection());
         EXPECT_EQ(row.rtcp, negotiated.isRtcpEnabled());
+        ASSERT_EQ(row.notes, notes.size());
+        if (row.answered) {
+            EXPECT_EQ("telephone-event: no DTMF capability at 8000 Hz", notes[0]);
+            const std::string text = answer.toString();
+            EXPECT_EQ(std::string("a=") + row.answered + "\r\n", text.substr(text.rfind("a=")));
+        }
     }
 }
 
@@ -339,80 +385,6 @@ TEST(OfferAnswerTest, AnswerNegotiatedStream) {
               codecs(negotiated, true));
     EXPECT_EQ("AMR 16kHz pt96 20/240 be rates 0 2 8 crc0 rs0 il0 mcn0 mcp0 red1/100 dtx1\nDTMF 16kHz pt100 20/240\n",
               codecs(negotiated, false));
-}
-
-MediaDescription offerOf(Profile profile, StreamConfig::Direction direction = StreamConfig::FullDuplex) {
-    LocalEndpoint endpoint = kLocal;
-    endpoint.direction = direction;
-    MediaDescription offer;
-    EXPECT_TRUE(createOffer(capabilities(profile), endpoint, offer).isSuccess());
-    return offer;
-}
-
-TEST(OfferAnswerTest, ApplyAnswerRefusals) {
-    struct Row {
-        Profile offered;
-        const char* answer;
-        const char* session;
-        ResultCode code;
-        const char* message;
-    };
-    const char* const kC = "c=IN IP4 192.0.2.9\n";
-    const Row rows[] = {
-        {Default, "audio 0 RTP/AVP 96\n", kC, Rejected, "disabled"},
-        {Default, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR-WB/16000\n", "", Malformed, "no c= line"},
-        {Default, "audio 6000 RTP/AVPF 96\na=rtpmap:96 AMR-WB/16000\n", kC, Unsupported, "\"RTP/AVPF\" differs"},
-        {Default, "audio 6000 RTP/AVP 96 100\na=rtpmap:96 AMR-WB/16000\na=rtpmap:100 telephone-event/8000\n", kC,
-         Unsupported, "payload type \"100\" was not offered with that meaning"},
-        {Default, "audio 6000 RTP/AVP 96 102\na=rtpmap:96 AMR-WB/16000\n", kC, Unsupported, "\"102\" was not offered"},
-        {Default, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR/8000\n", kC, Unsupported, "payload type \"96\" was not"},
-        {Default, "audio 6000 RTP/AVP 100\na=rtpmap:100 telephone-event/16000\n", kC, Rejected, "no AMR"},
-        {Default, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR-WB/16000\na=fmtp:96 octet-align=1\n", kC, Unsupported,
-         "payload type 96: octet-align differs"},
-        {Default, "audio 6000 RTP/AVP 97\na=rtpmap:97 AMR-WB/16000\na=fmtp:97 octet-align=1; crc=1\n", kC, Unsupported,
-         "payload type 97: crc differs"},
-        {Default, "audio 6000 RTP/AVP 97\na=rtpmap:97 AMR-WB/16000\na=fmtp:97 octet-align=1; mode-set=0,9\n", kC,
-         Unsupported, "payload type 97: invalid value of fmtp parameter \"mode-set\""},
-        {Restricted, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR/8000\na=fmtp:96 octet-align=1; mode-set=0,1\n", kC,
-         Unsupported, "payload type 96: mode-set differs"},
-    };
-    StreamConfig before;
-    before.setRemoteRtpPort(50000);
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.answer);
-        StreamConfig negotiated(before);
-        const Result result = applyAnswer(offerOf(row.offered), remote(row.answer, row.session), 0, negotiated);
-        EXPECT_EQ(row.code, result.getCode());
-        EXPECT_NE(std::string::npos, result.format().find(row.message)) << result.format();
-        EXPECT_EQ(before.toString(), negotiated.toString());
-    }
-}
-
-// RFC 3264 section 6.1: an answer grants at most what the offer allowed.
-TEST(OfferAnswerTest, ApplyAnswerDirection) {
-    struct Row {
-        StreamConfig::Direction offered;
-        const char* lines;
-        StreamConfig::Direction negotiated;
-        std::size_t notes;
-    };
-    const Row rows[] = {
-        {StreamConfig::FullDuplex, "", StreamConfig::FullDuplex, 0},
-        {StreamConfig::SendOnly, "a=recvonly\n", StreamConfig::SendOnly, 0},
-        {StreamConfig::SendOnly, "a=sendrecv\n", StreamConfig::SendOnly, 1},
-        {StreamConfig::ReceiveOnly, "", StreamConfig::ReceiveOnly, 1},
-        {StreamConfig::FullDuplex, "c=IN IP4 0.0.0.0\n", StreamConfig::ReceiveOnly, 0},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.lines);
-        StreamConfig negotiated;
-        std::vector<std::string> notes;
-        const SessionDescription answer =
-            remote("audio 6000 RTP/AVP 96\na=rtpmap:96 amr-wb/16000\n" + std::string(row.lines));
-        ASSERT_TRUE(applyAnswer(offerOf(Default, row.offered), answer, 0, negotiated, &notes).isSuccess());
-        EXPECT_EQ(row.negotiated, negotiated.getDirection());
-        EXPECT_EQ(row.notes, notes.size());
-    }
 }
 
 // Rates, packet times and RTCP come from the answer where it gives them, else from our offer.
