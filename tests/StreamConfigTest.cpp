@@ -2,23 +2,21 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <ostream>
 #include <string>
-#include <typeinfo>
 #include <vector>
 
 #include "AmrCodecConfig.h"
 #include "Counted.h"
+#include "CountingNew.h"
 #include "DtmfCodecConfig.h"
+#include "ExpectAbort.h"
 
-namespace {
+namespace tessel::rva::tests {
 
-using namespace tessel::rva;
 typedef rvatest::Counted<DtmfCodecConfig, CodecConfig> CountedCodec;
-
-// `copy` is a distinct object of the same dynamic type that compares equal to `original`.
-void expectClone(const CodecConfig* original, const CodecConfig* copy) {
-    ASSERT_TRUE(copy != nullptr && copy != original && *copy == *original && typeid(*copy) == typeid(*original));
-}
+using rvatest::expectClone;
 
 // A codec class of the caller's own, whose equality also compares a tag of its own.
 struct TaggedCodec : DtmfCodecConfig {
@@ -55,40 +53,6 @@ StreamConfig sampleStream(int changed = 0) {
                 (changed == kUplink || stream.addUplinkCodec(DtmfCodecConfig()).isSuccess()) &&
                 stream.addDownlinkCodec(downlink).isSuccess());
     return stream;
-}
-
-// A list deletes what it holds exactly once, first to last: when cleared, when cloned
-// over, and with its stream, the downlink list before the uplink one.
-TEST(CodecConfigListTest, OwnsOnlyWhatItAcceptsAndDeletesEachCodecOnceInOrder) {
-    CountedCodec::deleted.clear();
-    StreamConfig::CodecConfigList list, copy;
-    CountedCodec rival;
-    rival.setPayloadType(97);
-    CountedCodec* held = new CountedCodec(rival);
-    EXPECT_EQ("Invalid Param (Code 1002): Null pointer", list.add(nullptr).format());
-    ASSERT_TRUE(list.add(new AmrCodecConfig).isSuccess() && list.add(held).isSuccess());
-    EXPECT_EQ("Invalid Param (Code 1002): A codec with the same payload type 97 is already present",
-              list.add(&rival).format());
-    // Identity is tested before the payload type, and not only at the first element.
-    EXPECT_EQ("Invalid Param (Code 1002): Already present", list.add(held).format());
-    copy.cloneContentFrom(list);
-    copy.cloneContentFrom(copy);
-    for (size_t i = 0; i < 2; ++i) expectClone(list.get(i), copy.get(i));
-    std::vector<int> deleted = {held->mId, CountedCodec::idOf(copy.get(1))};
-    {
-        StreamConfig stream;
-        for (int payloadType : {1, 2, 3, 4}) {
-            rival.setPayloadType(payloadType);
-            ASSERT_TRUE((payloadType > 2 ? stream.addUplinkCodec(rival) : stream.addDownlinkCodec(rival)).isSuccess());
-        }
-        for (size_t i = 0; i < 4; ++i) {
-            deleted.push_back(CountedCodec::idOf(i < 2 ? stream.getDownlinkCodec(i) : stream.getUplinkCodec(i - 2)));
-        }
-        list.clear();
-        copy.cloneContentFrom(list);
-        copy.clear();
-    }
-    EXPECT_EQ(deleted, CountedCodec::deleted);
 }
 
 // Copies hold clones of every codec and print alike; every field takes part in equality.
@@ -193,4 +157,52 @@ TEST(StreamConfigTest, EqualityComparesCodecsInOrderAndOfTheSameClass) {
     EXPECT_FALSE(uplinkOf(amr, TaggedCodec(1)) == uplinkOf(amr, TaggedCodec(2)));
 }
 
-}  // namespace
+// A value whose printed text is too long to be held inside a string object.
+struct LongText {};
+std::ostream& operator<<(std::ostream& out, LongText) { return out << std::string(100, 'x'); }
+
+// The first, a middle and the last allocation of a copy, an assignment over a stream that
+// already holds codecs, a text dump and a message being built: each failure ends the
+// process through std::terminate() and abort(), so no caller sees a half-copied stream, a
+// leaked clone or a truncated text.
+TEST(StreamConfigDeathTest, AllocationFailureInsideAnOperationEndsTheProcess) {
+    StreamConfig source;
+    AmrCodecConfig amr;
+    amr.addAmrRate(AmrRate2);
+    ASSERT_TRUE(source.setRemoteIp("2001:db8:1234:5678::10").isSuccess() && source.addUplinkCodec(amr).isSuccess() &&
+                source.addUplinkCodec(DtmfCodecConfig()).isSuccess() && source.addDownlinkCodec(amr).isSuccess());
+    const std::function<void()> operations[] = {
+        [&] {
+            StreamConfig copy(source);
+            copy = source;
+        },
+        [&] { static_cast<void>(source.toString()); },
+        [] { static_cast<void>(StreamConfig::Result(StreamConfig::InvalidParam) << LongText()); },
+    };
+    for (const auto& operation : operations) {
+        const long before = rvatest::allocationCount;
+        operation();
+        const long count = rvatest::allocationCount - before;
+        for (const long nth : {1L, (count + 1) / 2, count}) {
+            // std::terminate()'s own line, whichever standard library
+            EXPECT_ABORT((rvatest::failingAllocation = rvatest::allocationCount + nth, operation()), "terminat")
+                << nth << " of " << count;
+        }
+    }
+}
+
+// A list makes room for four codecs at its first addition: four codecs cost four clones
+// and one block of storage.
+TEST(StreamConfigTest, AListAllocatesRoomForFourCodecsAtOnce) {
+    StreamConfig stream;
+    DtmfCodecConfig dtmf;
+    const long before = rvatest::allocationCount;
+    for (int payloadType : {96, 97, 98, 99}) {
+        dtmf.setPayloadType(payloadType);
+        ASSERT_TRUE(stream.addUplinkCodec(dtmf).isSuccess());
+    }
+    if (rvatest::allocationCount == before) GTEST_SKIP() << "operator new is not this program's (valgrind replaces it)";
+    EXPECT_EQ(5, rvatest::allocationCount - before);
+}
+
+}  // namespace tessel::rva::tests

@@ -7,7 +7,10 @@
 #ifndef TESSEL_RVA_TESTS_COUNTED_H
 #define TESSEL_RVA_TESTS_COUNTED_H
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
+#include <typeinfo>
 #include <vector>
 
 namespace rvatest {
@@ -32,6 +35,12 @@ public:
     static inline std::vector<int> deleted = {};  // ids in order of deletion
     const int mId;
 };
+
+// `copy` is a distinct object of the same dynamic type that compares equal to `original`.
+template <typename Interface>
+void expectClone(const Interface* original, const Interface* copy) {
+    ASSERT_TRUE(copy != nullptr && copy != original && *copy == *original && typeid(*copy) == typeid(*original));
+}
 
 }  // namespace rvatest
 

@@ -1,0 +1,85 @@
+#include "AmrCodecCapabilities.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "DtmfCodecCapabilities.h"
+
+namespace tessel::rva::tests {
+
+typedef AmrCodecCapabilities Amr;
+
+// Each field, changed alone, reads back through its getter and makes the object unequal,
+// also through the base as a stream compares its codecs; clones and assignments carry it;
+// clearing the rates and adding them back leaves it as it was. Counts are set and read as
+// 64-bit values: the low 32 bits are kept, read back sign-extended.
+TEST(AmrCodecCapabilitiesTest, EachFieldCountsInEqualityAndSurvivesCopiesAndClearingTheRates) {
+    const std::pair<const char*, bool (*)(Amr&)> changes[] = {
+        {"band", [](Amr& a) { return a.setBandType(BandTypeNb), a.getBandType() == BandTypeNb; }},
+        {"packet time", [](Amr& a) { return a.setPacketTime(40), a.getPacketTime() == 40; }},
+        {"max packet time", [](Amr& a) { return a.setMaxPacketTime(120), a.getMaxPacketTime() == 120; }},
+        {"channel count", [](Amr& a) { return a.setChannelCount(8589934591U), a.getChannelCount() == ~0ULL; }},
+        {"octet align", [](Amr& a) { return a.setOctetAlignModeRequired(true), a.isOctetAlignModeRequired(); }},
+        {"dtx", [](Amr& a) { return a.setDTXModeSupport(false), !a.isDTXModeSupported(); }},
+        {"redundancy", [](Amr& a) { return a.setRdcyModeSupport(true), a.getMaxSupportedRdcy() == 220; }},
+        {"max redundancy", [](Amr& a) { return a.setMaxSupportedRdcy(100), !a.isRdcyModeSupported(); }},
+        {"added rate", [](Amr& a) { return a.addSupportedAmrRate(AmrRate7).isSuccess(); }},
+        {"adaptation", [](Amr& a) { return a.setRateAdaptationModeSupport(true), a.isRateAdaptationModeSupported(); }},
+        {"period", [](Amr& a) { return a.setModeChangePeriod(ModeChangePeriodTwoFrames).isSuccess(); }},
+        {"capability", [](Amr& a) { return a.setModeChangeCapability(ModeChangeCapabilityAny).isSuccess(); }},
+        {"neighbor", [](Amr& a) { return a.setModeChangeNeighborRequired(true), a.isModeChangeNeighborRequired(); }},
+        {"crc", [](Amr& a) { return a.setCrcModeSupport(true), a.isCrcModeSupported(); }},
+        {"robust sorting",
+         [](Amr& a) { return a.setRobustSortingModeSupport(true), a.isRobustSortingModeSupported(); }},
+        {"interleaving", [](Amr& a) { return a.setInterleavingModeSupport(true), a.isInterleavingModeSupported(); }},
+    };
+    // Redundancy off: the maximum reads -1, yet the stored one still counts. A rate added
+    // again succeeds and is kept once, where it was (else the refill below misses one).
+    Amr original;
+    original.setRdcyModeSupport(false);
+    EXPECT_EQ(-1, original.getMaxSupportedRdcy());
+    for (AmrRate rate : {AmrRate2, AmrRate3, AmrRate2}) EXPECT_EQ(1000, original.addSupportedAmrRate(rate).getCode());
+    for (const auto& [name, apply] : changes) {
+        SCOPED_TRACE(name);
+        Amr changed = original;
+        EXPECT_TRUE(apply(changed));
+        EXPECT_FALSE(static_cast<const CodecCapabilities&>(original) == changed);
+        EXPECT_TRUE(changed != original && changed == *std::unique_ptr<CodecCapabilities>(changed.clone()));
+        Amr assigned;
+        (assigned = changed).clearSupportedAmrRateVector();
+        EXPECT_EQ(0U, assigned.getSupportedAmrRateCount());
+        // Read in order; past the end reads -1, which is refused.
+        for (size_t i = 0; i < 3; ++i) assigned.addSupportedAmrRate(changed.getSupportedAmrRate(i));
+        EXPECT_TRUE(assigned == changed);
+    }
+}
+
+TEST(AmrCodecCapabilitiesTest, RefusedSettersLeaveTheObjectUnchanged) {
+    const std::pair<const char*, Amr::Result (*)(Amr&)> refusals[] = {
+        {"Bad amr rate: 9", [](Amr& a) { return a.addSupportedAmrRate(AmrRate(9)); }},
+        {"Bad mode change period: 2", [](Amr& a) { return a.setModeChangePeriod(ModeChangePeriod(2)); }},
+        {"Bad mode change capability: -1", [](Amr& a) { return a.setModeChangeCapability(ModeChangeCapability(-1)); }},
+    };
+    Amr amr;
+    for (const auto& [message, apply] : refusals) {
+        EXPECT_EQ(std::string("Invalid Param (Code 1002): ") + message, apply(amr).format());
+        EXPECT_TRUE(amr == Amr()) << message;
+    }
+}
+
+// Capabilities of a derived AMR implementation compare by their AMR fields from either
+// side; a DTMF object relabelled AMR through the base assignment is never taken for AMR.
+TEST(AmrCodecCapabilitiesTest, EqualityHoldsBothWaysForDerivedAndNeverReadsOtherTypesAsAmr) {
+    struct DerivedAmr : Amr {
+        CodecCapabilities* clone() const noexcept override { return new DerivedAmr(*this); }
+    };
+    EXPECT_TRUE(Amr() == DerivedAmr() && DerivedAmr() == Amr());
+    DtmfCodecCapabilities relabelled;
+    static_cast<CodecCapabilities&>(relabelled) = Amr();
+    EXPECT_TRUE(relabelled.getCodecId() == CodecIdAmr && Amr() != relabelled);
+}
+
+}  // namespace tessel::rva::tests

@@ -1,0 +1,50 @@
+#include "StreamConfig.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "AmrCodecConfig.h"
+#include "Counted.h"
+#include "DtmfCodecConfig.h"
+
+namespace tessel::rva::tests {
+
+typedef rvatest::Counted<DtmfCodecConfig, CodecConfig> CountedCodec;
+using rvatest::expectClone;
+
+// A list deletes what it holds exactly once, first to last: when cleared, when cloned
+// over, and with its stream, the downlink list before the uplink one.
+TEST(CodecConfigListTest, OwnsOnlyWhatItAcceptsAndDeletesEachCodecOnceInOrder) {
+    CountedCodec::deleted.clear();
+    StreamConfig::CodecConfigList list, copy;
+    CountedCodec rival;
+    rival.setPayloadType(97);
+    CountedCodec* held = new CountedCodec(rival);
+    EXPECT_EQ("Invalid Param (Code 1002): Null pointer", list.add(nullptr).format());
+    ASSERT_TRUE(list.add(new AmrCodecConfig).isSuccess() && list.add(held).isSuccess());
+    EXPECT_EQ("Invalid Param (Code 1002): A codec with the same payload type 97 is already present",
+              list.add(&rival).format());
+    // Identity is tested before the payload type, and not only at the first element.
+    EXPECT_EQ("Invalid Param (Code 1002): Already present", list.add(held).format());
+    copy.cloneContentFrom(list);
+    copy.cloneContentFrom(copy);
+    for (size_t i = 0; i < 2; ++i) expectClone(list.get(i), copy.get(i));
+    std::vector<int> deleted = {held->mId, CountedCodec::idOf(copy.get(1))};
+    {
+        StreamConfig stream;
+        for (int payloadType : {1, 2, 3, 4}) {
+            rival.setPayloadType(payloadType);
+            ASSERT_TRUE((payloadType > 2 ? stream.addUplinkCodec(rival) : stream.addDownlinkCodec(rival)).isSuccess());
+        }
+        for (size_t i = 0; i < 4; ++i) {
+            deleted.push_back(CountedCodec::idOf(i < 2 ? stream.getDownlinkCodec(i) : stream.getUplinkCodec(i - 2)));
+        }
+        list.clear();
+        copy.cloneContentFrom(list);
+        copy.clear();
+    }
+    EXPECT_EQ(deleted, CountedCodec::deleted);
+}
+
+}  // namespace tessel::rva::tests

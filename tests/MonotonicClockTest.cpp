@@ -1,0 +1,48 @@
+#include "MonotonicClock.h"
+
+#include <gtest/gtest.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <ctime>
+#include <string>
+
+#include "ExpectAbort.h"
+
+namespace tessel::rva::common::tests {
+
+int clockError = 0;                      // clock_gettime fails with it when it is not 0,
+const timespec* clockReading = nullptr;  // else reads it when it is set, else the system clock
+
+}  // namespace tessel::rva::common::tests
+
+// The library's calls resolve to this one too.
+extern "C" int clock_gettime(clockid_t id, timespec* time) noexcept {
+    using namespace tessel::rva::common::tests;
+    if (clockError != 0) return errno = clockError, -1;
+    return clockReading != nullptr ? (*time = *clockReading, 0) : static_cast<int>(syscall(SYS_clock_gettime, id, time));
+}
+
+namespace tessel::rva::common::tests {
+
+// Seconds times 1000 plus whole milliseconds of the nanoseconds.
+TEST(MonotonicClockTest, ReadsWholeMillisecondsOfTheMonotonicClock) {
+    const timespec readings[] = {{0, 999999}, {4000000, 123000000}};
+    const std::int64_t expected[] = {0, 4000000123};
+    for (int i = 0; i < 2; ++i) {
+        clockReading = &readings[i];
+        EXPECT_EQ(expected[i], MonotonicClock::getTime());
+    }
+    clockReading = nullptr;
+    EXPECT_GT(MonotonicClock::getTime(), 0);
+}
+
+TEST(MonotonicClockDeathTest, UnreadableClockIsFatal) {
+    EXPECT_ABORT((clockError = EINVAL, MonotonicClock::getTime()),
+                 std::string("F/TESSEL common/src/MonotonicClock\\.cpp:[0-9]+: Assertion result == 0 failed: ") +
+                     "clock_gettime failed 22 " + std::strerror(EINVAL) + " \\(Code 22\\)\n");
+}
+
+}  // namespace tessel::rva::common::tests
