@@ -16,12 +16,6 @@ namespace tessel::rva::sdp {
 namespace {
 
 const LocalEndpoint kLocal{"192.0.2.1", 49152};
-const char kSessionHead[] = "v=0\no=- 1 1 IN IP4 192.0.2.9\ns=-\nt=0 0\n";
-
-// A remote description: session head, `session` lines, then "m=<media>" and its lines.
-SessionDescription remote(const std::string& media, const std::string& session = "c=IN IP4 192.0.2.9\n") {
-    return parsed(kSessionHead + session + "m=" + media);
-}
 
 // The engine's capability sets the tests negotiate with.
 enum Profile { Default, Restricted, CrcCapable, NoModeChangeCapability, NeedsModeChangePeriod, AvpfOnly };
@@ -220,7 +214,7 @@ TEST(OfferAnswerTest, RefusalsLeaveTheStreamUnchanged) {
         MediaDescription answer;
         answer.setMediaLine("audio 9 RTP/AVP 0");
         StreamConfig negotiated(before);
-        const SessionDescription description = remote(row.remote, row.session);
+        const SessionDescription description = described(row.remote, row.session);
         const Result result =
             row.answer ? createAnswer(capabilities(row.ours), kLocal, description, row.index, answer, negotiated)
                        : applyAnswer(offerOf(row.ours), description, row.index, negotiated);
@@ -271,7 +265,7 @@ TEST(OfferAnswerTest, Directions) {
         StreamConfig negotiated;
         std::vector<std::string> notes;
         const SessionDescription description =
-            remote("audio 5004 RTP/AVP 98\na=rtpmap:98 amr/8000\n" + std::string(row.lines), row.session);
+            described("audio 5004 RTP/AVP 98\na=rtpmap:98 amr/8000\n" + std::string(row.lines), row.session);
         ASSERT_TRUE((row.answered
                          ? createAnswer(capabilities(CrcCapable), endpoint, description, 0, answer, negotiated, &notes)
                          : applyAnswer(offerOf(Default, row.ours), description, 0, negotiated, &notes))
@@ -347,7 +341,7 @@ TEST(OfferAnswerTest, AnswerVoiceFormat) {
         MediaDescription answer;
         StreamConfig negotiated;
         const Result result = createAnswer(capabilities(row.profile), kLocal,
-                                           remote(std::string("audio 5004 ") + row.media), 0, answer, negotiated);
+                                           described(std::string("audio 5004 ") + row.media), 0, answer, negotiated);
         if (result.isSuccess()) {
             EXPECT_EQ(row.expected, linesOf(answer, {"m=", "a=fmtp", "a=rtcp"}));
         } else {
@@ -362,7 +356,7 @@ TEST(OfferAnswerTest, AnswerNegotiatedStream) {
     MediaDescription answer;
     StreamConfig negotiated;
     std::vector<std::string> notes;
-    const SessionDescription offer = remote(
+    const SessionDescription offer = described(
         "audio 5004 RTP/AVP x 0 96 100\nb=RR:1500\na=rtpmap:96 AMR-WB/16000\n"
         "a=fmtp:96 mode-set=0,2,8; mode-change-period=2; mode-change-neighbor=1; max-red=100\n"
         "a=rtpmap:100 telephone-event/16000\na=ptime:40\na=maxptime:80\na=rtcp:5004\n");
@@ -417,7 +411,7 @@ TEST(OfferAnswerTest, ApplyAnswerFallsBackOnTheOffer) {
         SCOPED_TRACE(row.answer);
         StreamConfig negotiated;
         ASSERT_TRUE(
-            applyAnswer(offerOf(row.offered), remote(std::string("audio 6000 RTP/AVP ") + row.answer), 0, negotiated)
+            applyAnswer(offerOf(row.offered), described(std::string("audio 6000 RTP/AVP ") + row.answer), 0, negotiated)
                 .isSuccess());
         EXPECT_EQ(row.rtcp, negotiated.getRtcpConfig());
         EXPECT_EQ(row.uplink, codecs(negotiated, true));
@@ -426,10 +420,10 @@ TEST(OfferAnswerTest, ApplyAnswerFallsBackOnTheOffer) {
     // Reduced-size RTCP only when our offer asked for it.
     const char* const kAnswer = "audio 6000 RTP/AVPF 96\na=rtpmap:96 AMR-WB/16000/1\na=rtcp-rsize\n";
     StreamConfig negotiated;
-    ASSERT_TRUE(applyAnswer(offerOf(AvpfOnly), remote(kAnswer), 0, negotiated).isSuccess());
+    ASSERT_TRUE(applyAnswer(offerOf(AvpfOnly), described(kAnswer), 0, negotiated).isSuccess());
     EXPECT_TRUE(negotiated.getRtcpConfig().isReducedSizeMode());
-    const MediaDescription unasked = remote("audio 49152 RTP/AVPF 96\na=rtpmap:96 AMR-WB/16000/1\n").media(0);
-    ASSERT_TRUE(applyAnswer(unasked, remote(kAnswer), 0, negotiated).isSuccess());
+    const MediaDescription unasked = described("audio 49152 RTP/AVPF 96\na=rtpmap:96 AMR-WB/16000/1\n").media(0);
+    ASSERT_TRUE(applyAnswer(unasked, described(kAnswer), 0, negotiated).isSuccess());
     EXPECT_FALSE(negotiated.getRtcpConfig().isReducedSizeMode());
 }
 

@@ -23,6 +23,11 @@ inline SessionDescription parsed(const std::string& text) {
     return description;
 }
 
+// A remote description: a session head, `session` lines, then "m=<media>" and its lines.
+inline SessionDescription described(const std::string& media, const std::string& session = "c=IN IP4 192.0.2.9\n") {
+    return parsed("v=0\no=- 1 1 IN IP4 192.0.2.9\ns=-\nt=0 0\n" + session + "m=" + media);
+}
+
 // One line per codec of a list: every field the SDP layer sets.
 inline std::string codecs(const StreamConfig& stream, bool uplink) {
     std::string text;
