@@ -82,13 +82,12 @@ TEST(OfferAnswerTest, DefaultOfferIsTheTerminalProfile) {
 }
 
 TEST(OfferAnswerTest, OfferFollowsTheCapabilities) {
-    struct Row {
+    const struct {
         Profile profile;
         int firstPayloadType;
         StreamConfig::Direction direction;
         const char* lines;  // m=, a=fmtp and the attributes after the formats
-    };
-    const Row rows[] = {
+    } rows[] = {
         // Octet-align required: no bandwidth-efficient payload type; a mode-set of the
         // modes held; telephone-event only at the one voice clock rate.
         {Restricted, 96, StreamConfig::FullDuplex,
@@ -106,7 +105,7 @@ TEST(OfferAnswerTest, OfferFollowsTheCapabilities) {
          "a=fmtp:97 octet-align=1; mode-change-capability=2; max-red=220\n"
          "a=fmtp:98 0-15\na=ptime:20\na=maxptime:240\na=inactive\na=rtcp-rsize\n"},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.lines);
         LocalEndpoint endpoint = kLocal;
         endpoint.firstPayloadType = row.firstPayloadType;
@@ -118,12 +117,11 @@ TEST(OfferAnswerTest, OfferFollowsTheCapabilities) {
 }
 
 TEST(OfferAnswerTest, OfferRefusalsLeaveTheOfferUnchanged) {
-    struct Row {
+    const struct {
         LocalEndpoint endpoint;
         bool withAmr;
         const char* message;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {{"host.example", 49152}, true, "Invalid internet address : \"host.example\""},
         {{std::string("192.0.2.1\0x", 11), 49152}, true, "Invalid internet address : \"192.0.2.1\\x00x\""},
         {{"192.0.2.1", 1023}, true, "Invalid socket port: 1023"},
@@ -134,7 +132,7 @@ TEST(OfferAnswerTest, OfferRefusalsLeaveTheOfferUnchanged) {
         {{"192.0.2.1", 49152, StreamConfig::FullDuplex, 127}, true, "Payload types run past 127: 6 formats from 127"},
         {kLocal, false, "No AMR capability"},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.message);
         MediaDescription offer;
         offer.setMediaLine("audio 9 RTP/AVP 0");
@@ -285,12 +283,11 @@ TEST(OfferAnswerTest, Directions) {
 // format echoed, the mode-set echoed or the payload type refused, the smaller max-red,
 // telephone-event only at the voice clock rate and in one channel; reduced-size RTCP.
 TEST(OfferAnswerTest, AnswerVoiceFormat) {
-    struct Row {
+    const struct {
         Profile profile;
         const char* media;     // after "m=audio 5004 "
         const char* expected;  // the answer's m=, a=fmtp and a=rtcp lines, or the refusal's reason
-    };
-    const Row rows[] = {
+    } rows[] = {
         {Default,
          "RTP/AVP 98 100 101\na=rtpmap:98 AMR/8000\na=rtpmap:100 telephone-event/16000\n"
          "a=rtpmap:101 telephone-event/8000\n",
@@ -336,7 +333,7 @@ TEST(OfferAnswerTest, AnswerVoiceFormat) {
          "m=audio 49152 RTP/AVPF 96 100\na=fmtp:96 mode-change-capability=2; max-red=220\na=fmtp:100 0-15\n"
          "a=rtcp-rsize\n"},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.media);
         MediaDescription answer;
         StreamConfig negotiated;
@@ -383,14 +380,13 @@ TEST(OfferAnswerTest, AnswerNegotiatedStream) {
 
 // Rates, packet times and RTCP come from the answer where it gives them, else from our offer.
 TEST(OfferAnswerTest, ApplyAnswerFallsBackOnTheOffer) {
-    struct Row {
+    const struct {
         Profile offered;
         const char* answer;
         RtcpConfig rtcp;
         const char* uplink;
         const char* downlink;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {Default,
          "96 100\na=rtpmap:96 AMR-WB/16000/1\na=fmtp:96 mode-set=0,1,2; mode-change-period=2; max-red=0\n"
          "a=rtpmap:100 telephone-event/16000\nb=RR:1500\na=ptime:40\n",
@@ -407,7 +403,7 @@ TEST(OfferAnswerTest, ApplyAnswerFallsBackOnTheOffer) {
          "AMR 8kHz pt96 30/240 oa rates 0 1 2 crc0 rs0 il0 mcn0 mcp0 red1/220 dtx1\nDTMF 8kHz pt97 30/240\n",
          "AMR 8kHz pt96 40/240 oa rates 0 1 2 crc0 rs0 il0 mcn0 mcp0 red1/220 dtx1\nDTMF 8kHz pt97 40/240\n"},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.answer);
         StreamConfig negotiated;
         ASSERT_TRUE(

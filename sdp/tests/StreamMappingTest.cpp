@@ -18,17 +18,16 @@ const char kAmrWb[] = "a=rtpmap:96 AMR-WB/16000/1\n";
 // over session lines, each bandwidth type on its own.
 TEST(StreamMappingTest, RemoteEndDirectionAndRtcp) {
     using S = StreamConfig;
-    struct Row {
+    const char* const kC = "c=IN IP4 192.0.2.1\n";
+    const RtcpConfig kDefault;
+    const struct {
         const char* session;
         const char* media;  // after "m=audio 49170 "
         const char* address;
         S::Direction direction;
         RtcpConfig rtcp;
         bool enabled;
-    };
-    const char* const kC = "c=IN IP4 192.0.2.1\n";
-    const RtcpConfig kDefault;
-    const Row rows[] = {
+    } rows[] = {
         {kC, "RTP/AVP 96\n", "192.0.2.1", S::FullDuplex, kDefault, true},
         {kC, "RTP/AVP 96\nc=IN IP6 2001:db8::5\n", "2001:db8::5", S::FullDuplex, kDefault, true},
         {kC, "RTP/AVP 96\na=sendonly\n", "192.0.2.1", S::ReceiveOnly, kDefault, true},
@@ -50,7 +49,7 @@ TEST(StreamMappingTest, RemoteEndDirectionAndRtcp) {
         {"", "RTP/AVP 96\nc=IN IP6 0:0::0\na=sendonly\n", "0:0::0", S::ReceiveOnly, kDefault, false},
         {"", "RTP/AVP 96\nc=IN IP6 ::1\n", "::1", S::FullDuplex, kDefault, true},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(std::string(row.session) + "|" + row.media);
         StreamConfig stream;
         const SessionDescription remote = described(std::string("audio 49170 ") + row.media + kAmrWb, row.session);
@@ -64,12 +63,11 @@ TEST(StreamMappingTest, RemoteEndDirectionAndRtcp) {
 }
 
 TEST(StreamMappingTest, CodecsAndTheirAmrFields) {
-    struct Row {
+    const struct {
         const char* formats;
         const char* lines;
         const char* codecs;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"96", "a=rtpmap:96 AMR-WB/16000/1\n",
          "AMR 16kHz pt96 20/240 be rates 0 1 2 3 4 5 6 7 8 crc0 rs0 il0 mcn0 mcp0 red0/1 dtx1\n"},
         {"97", "a=rtpmap:97 amr/8000\na=fmtp:97 mode-set=7,0,4; mode-change-period=2; mode-change-neighbor=1\n",
@@ -92,7 +90,7 @@ TEST(StreamMappingTest, CodecsAndTheirAmrFields) {
          "AMR 16kHz pt96 40/80 be rates 0 1 2 3 4 5 6 7 8 crc0 rs0 il0 mcn0 mcp0 red0/1 dtx1\n"
          "DTMF 16kHz pt100 40/80\n"},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.lines);
         StreamConfig stream;
         const SessionDescription remote =
@@ -149,12 +147,11 @@ TEST(StreamMappingTest, NotesNameWhatIsSkippedAndWhy) {
 // Each refusal has its code and reason, and leaves the caller's stream as it was.
 TEST(StreamMappingTest, RefusalsLeaveTheStreamUnchanged) {
     using namespace std::string_literals;
-    struct Row {
+    const struct {
         std::string text;
         std::size_t index;
         const char* result;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"m=audio 49170 RTP/AVP 96\nc=IN IP4 192.0.2.1\n", 1,
          "Invalid Param (Code 1002): media index 1 past the end: the description has 1 media section(s)"},
         {"m=video 49170 RTP/AVP 96\nc=IN IP4 192.0.2.1\n", 0,
@@ -187,7 +184,7 @@ TEST(StreamMappingTest, RefusalsLeaveTheStreamUnchanged) {
     AmrCodecConfig amr;
     amr.addAmrRate(AmrRate2);
     before.addUplinkCodec(amr);
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.text);
         StreamConfig stream(before);
         std::vector<std::string> notes;
