@@ -157,53 +157,49 @@ MediaDescription offerOf(Profile profile, StreamConfig::Direction direction = St
 // the offer was answerable.
 TEST(OfferAnswerTest, RefusalsLeaveTheStreamUnchanged) {
     const struct {
-        Profile ours;        // the capabilities we answer with, or that made our offer
         const char* remote;  // after "m=": the offer we answer, or the answer to our offer
         ResultCode code;
         const char* message;
         const char* answer = nullptr;  // how our answer starts; none: the remote is an answer
         const char* session = "c=IN IP4 192.0.2.9\n";
         std::size_t index = 0;
+        Profile ours = Default;  // the capabilities we answer with, or that made our offer
     } rows[] = {
-        {Default, "audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", InvalidParam, "media index 1 past the end",
+        {"audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", InvalidParam, "media index 1 past the end",
          "m=audio 9 RTP/AVP 0\r\n", "c=IN IP4 192.0.2.9\n", 1},
-        {Default, "audio 0 RTP/SAVP 98 0\n", Rejected, "disabled", "m=audio 0 RTP/SAVP 98\r\n"},
-        {Default, "audio 5004 RTP/SAVP 98\na=rtpmap:98 AMR/8000\n", Rejected, "\"RTP/SAVP\"",
-         "m=audio 0 RTP/SAVP 98\r\n"},
-        {Default, "audio 5004 RTP/AVP 0 101\na=rtpmap:101 telephone-event/8000\n", Rejected,
+        {"audio 0 RTP/SAVP 98 0\n", Rejected, "disabled", "m=audio 0 RTP/SAVP 98\r\n"},
+        {"audio 5004 RTP/SAVP 98\na=rtpmap:98 AMR/8000\n", Rejected, "\"RTP/SAVP\"", "m=audio 0 RTP/SAVP 98\r\n"},
+        {"audio 5004 RTP/AVP 0 101\na=rtpmap:101 telephone-event/8000\n", Rejected,
          "no AMR or AMR-WB payload type offered", "m=audio 0 RTP/AVP 0\r\n"},
-        {Default,
-         "audio 5004 RTP/AVP 97 98\na=rtpmap:97 AMR/8000\na=fmtp:97 mode-set=8\na=rtpmap:98 AMR/8000\n"
+        {"audio 5004 RTP/AVP 97 98\na=rtpmap:97 AMR/8000\na=fmtp:97 mode-set=8\na=rtpmap:98 AMR/8000\n"
          "a=fmtp:98 crc=1\n",
          Rejected,
          "payload type 97 (AMR/8000): a=fmtp refused: invalid value of fmtp parameter \"mode-set\": \"8\"; "
          "payload type 98 (AMR/8000): crc=1 not supported",
          "m=audio 0 RTP/AVP 97\r\n"},
         // A voice format found, but no usable remote address or port.
-        {Default, "audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", Malformed, "no c= line", "m=audio 0 RTP/AVP 98\r\n",
-         ""},
-        {Default, "audio 5004/2 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", Unsupported, "port count /2",
-         "m=audio 0 RTP/AVP 98\r\n"},
+        {"audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", Malformed, "no c= line", "m=audio 0 RTP/AVP 98\r\n", ""},
+        {"audio 5004/2 RTP/AVP 98\na=rtpmap:98 AMR/8000\n", Unsupported, "port count /2", "m=audio 0 RTP/AVP 98\r\n"},
         // The answer is written, the stream fails its check: the offerer wants 300 ms.
-        {Default, "audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\na=ptime:300\n", InvalidConfiguration,
-         "Packet time '300'", "m=audio 49152 RTP/AVP 98\r\n"},
+        {"audio 5004 RTP/AVP 98\na=rtpmap:98 AMR/8000\na=ptime:300\n", InvalidConfiguration, "Packet time '300'",
+         "m=audio 49152 RTP/AVP 98\r\n"},
         // Answers to our offer.
-        {Default, "audio 0 RTP/AVP 96\n", Rejected, "disabled"},
-        {Default, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR-WB/16000\n", Malformed, "no c= line", nullptr, ""},
-        {Default, "audio 6000 RTP/AVPF 96\na=rtpmap:96 AMR-WB/16000\n", Unsupported, "\"RTP/AVPF\" differs"},
-        {Default, "audio 6000 RTP/AVP 96 100\na=rtpmap:96 AMR-WB/16000\na=rtpmap:100 telephone-event/8000\n",
-         Unsupported, "payload type \"100\" was not offered with that meaning"},
-        {Default, "audio 6000 RTP/AVP 96 102\na=rtpmap:96 AMR-WB/16000\n", Unsupported, "\"102\" was not offered"},
-        {Default, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR/8000\n", Unsupported, "payload type \"96\" was not"},
-        {Default, "audio 6000 RTP/AVP 100\na=rtpmap:100 telephone-event/16000\n", Rejected, "no AMR"},
-        {Default, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR-WB/16000\na=fmtp:96 octet-align=1\n", Unsupported,
+        {"audio 0 RTP/AVP 96\n", Rejected, "disabled"},
+        {"audio 6000 RTP/AVP 96\na=rtpmap:96 AMR-WB/16000\n", Malformed, "no c= line", nullptr, ""},
+        {"audio 6000 RTP/AVPF 96\na=rtpmap:96 AMR-WB/16000\n", Unsupported, "\"RTP/AVPF\" differs"},
+        {"audio 6000 RTP/AVP 96 100\na=rtpmap:96 AMR-WB/16000\na=rtpmap:100 telephone-event/8000\n", Unsupported,
+         "payload type \"100\" was not offered with that meaning"},
+        {"audio 6000 RTP/AVP 96 102\na=rtpmap:96 AMR-WB/16000\n", Unsupported, "\"102\" was not offered"},
+        {"audio 6000 RTP/AVP 96\na=rtpmap:96 AMR/8000\n", Unsupported, "payload type \"96\" was not"},
+        {"audio 6000 RTP/AVP 100\na=rtpmap:100 telephone-event/16000\n", Rejected, "no AMR"},
+        {"audio 6000 RTP/AVP 96\na=rtpmap:96 AMR-WB/16000\na=fmtp:96 octet-align=1\n", Unsupported,
          "payload type 96: octet-align differs"},
-        {Default, "audio 6000 RTP/AVP 97\na=rtpmap:97 AMR-WB/16000\na=fmtp:97 octet-align=1; crc=1\n", Unsupported,
+        {"audio 6000 RTP/AVP 97\na=rtpmap:97 AMR-WB/16000\na=fmtp:97 octet-align=1; crc=1\n", Unsupported,
          "payload type 97: crc differs"},
-        {Default, "audio 6000 RTP/AVP 97\na=rtpmap:97 AMR-WB/16000\na=fmtp:97 octet-align=1; mode-set=0,9\n",
-         Unsupported, "payload type 97: invalid value of fmtp parameter \"mode-set\""},
-        {Restricted, "audio 6000 RTP/AVP 96\na=rtpmap:96 AMR/8000\na=fmtp:96 octet-align=1; mode-set=0,1\n",
-         Unsupported, "payload type 96: mode-set differs"},
+        {"audio 6000 RTP/AVP 97\na=rtpmap:97 AMR-WB/16000\na=fmtp:97 octet-align=1; mode-set=0,9\n", Unsupported,
+         "payload type 97: invalid value of fmtp parameter \"mode-set\""},
+        {"audio 6000 RTP/AVP 96\na=rtpmap:96 AMR/8000\na=fmtp:96 octet-align=1; mode-set=0,1\n", Unsupported,
+         "payload type 96: mode-set differs", nullptr, "c=IN IP4 192.0.2.9\n", 0, Restricted},
     };
     StreamConfig before;
     before.setRemoteRtpPort(50000);

@@ -146,32 +146,30 @@ TEST(StreamMappingTest, NotesNameWhatIsSkippedAndWhy) {
 TEST(StreamMappingTest, RefusalsLeaveTheStreamUnchanged) {
     using namespace std::string_literals;
     const struct {
-        std::string text;
-        std::size_t index;
+        std::string media;  // after "m="
         const char* result;
+        std::size_t index = 0;
+        const char* session = "c=IN IP4 192.0.2.9\n";
     } rows[] = {
-        {"m=audio 49170 RTP/AVP 96\nc=IN IP4 192.0.2.1\n", 1,
-         "Invalid Param (Code 1002): media index 1 past the end: the description has 1 media section(s)"},
-        {"m=video 49170 RTP/AVP 96\nc=IN IP4 192.0.2.1\n", 0,
-         "Invalid Param (Code 1002): media section 0 is \"video\", not audio"},
+        {"audio 49170 RTP/AVP 96\n",
+         "Invalid Param (Code 1002): media index 1 past the end: the description has 1 media section(s)", 1},
+        {"video 49170 RTP/AVP 96\n", "Invalid Param (Code 1002): media section 0 is \"video\", not audio"},
         // The first failure decides: a disabled stream whatever its protocol and address.
-        {"m=audio 0 RTP/SAVP 96\n", 0, "Rejected (Code 1006): stream disabled (port 0)"},
-        {"m=audio 49170/2 RTP/AVP 96\nc=IN IP4 192.0.2.1\n", 0,
-         "Unsupported (Code 1005): port count /2: one RTP port per stream only"},
-        {"m=audio 49170 RTP/SAVP 96\nc=IN IP4 192.0.2.1\n", 0,
+        {"audio 0 RTP/SAVP 96\n", "Rejected (Code 1006): stream disabled (port 0)", 0, ""},
+        {"audio 49170/2 RTP/AVP 96\n", "Unsupported (Code 1005): port count /2: one RTP port per stream only"},
+        {"audio 49170 RTP/SAVP 96\n",
          "Unsupported (Code 1005): protocol \"RTP/SAVP\": only RTP/AVP and RTP/AVPF can be held"},
-        {"m=audio 49170 RTP/AVP 0\n", 0,
-         "Malformed description (Code 1004): no c= line in the media section nor at session level"},
-        {"m=audio 49170 RTP/AVP 96\nc=IN IP4 media.example.com\n", 0,
+        {"audio 49170 RTP/AVP 0\n",
+         "Malformed description (Code 1004): no c= line in the media section nor at session level", 0, ""},
+        {"audio 49170 RTP/AVP 96\nc=IN IP4 media.example.com\n",
          "Unsupported (Code 1005): address \"media.example.com\" is not an IPv4 address"},
         // Address checks stop at a NUL byte: what follows it must not slip through.
-        {"m=audio 49170 RTP/AVP 96\nc=IN IP4 192.0.2.1\0:1\n"s, 0,
+        {"audio 49170 RTP/AVP 96\nc=IN IP4 192.0.2.1\0:1\n"s,
          "Unsupported (Code 1005): address \"192.0.2.1\\x00:1\" is not an IPv4 address"},
-        {"m=audio 49170 RTP/AVP 96\nc=IN IP6 192.0.2.1\n", 0,
+        {"audio 49170 RTP/AVP 96\nc=IN IP6 192.0.2.1\n",
          "Unsupported (Code 1005): address \"192.0.2.1\" is not an IPv6 address"},
-        {"m=audio 1023 RTP/AVP 96\nc=IN IP4 192.0.2.1\n", 0,
-         "Unsupported (Code 1005): port 1023 out of range 1024..65535"},
-        {"m=audio 49170 RTP/AVP 0 101\nc=IN IP4 192.0.2.1\na=rtpmap:101 telephone-event/8000\n", 0,
+        {"audio 1023 RTP/AVP 96\n", "Unsupported (Code 1005): port 1023 out of range 1024..65535"},
+        {"audio 49170 RTP/AVP 0 101\na=rtpmap:101 telephone-event/8000\n",
          "Unsupported (Code 1005): no AMR or AMR-WB format"},
     };
     StreamConfig before;
@@ -181,10 +179,10 @@ TEST(StreamMappingTest, RefusalsLeaveTheStreamUnchanged) {
     amr.addAmrRate(AmrRate2);
     before.addUplinkCodec(amr);
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.text);
+        SCOPED_TRACE(row.media);
         StreamConfig stream(before);
         std::vector<std::string> notes;
-        EXPECT_EQ(row.result, toStreamConfig(parsed(row.text), row.index, stream, &notes).format());
+        EXPECT_EQ(row.result, toStreamConfig(described(row.media, row.session), row.index, stream, &notes).format());
         EXPECT_EQ(before.toString(), stream.toString());
     }
 }
