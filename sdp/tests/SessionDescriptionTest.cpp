@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <new>
 #include <string>
+#include <utility>
 
 #include "SdpTestHelpers.h"
 
@@ -79,55 +80,50 @@ TEST(SessionDescriptionTest, RefusesMalformedTextNamingTheLine) {
     for (int i = 0; i < 129; ++i) {
         manyFormats += " 0";
     }
-    const struct {
-        std::string text;
-        std::string message;
-    } cases[] = {
+    // A refusal of line 1 that quotes the whole line.
+    const auto line1 = [](const std::string& line, const std::string& reason) {
+        return std::pair<std::string, std::string>(line, "line 1: " + reason + ": \"" + line + "\"");
+    };
+    const std::string badM = "bad m= line: expected \"<media> <port>[/<count>] <protocol> <format>...\"";
+    const std::string badC = "bad c= line: expected \"IN IP4|IP6 <address>\"";
+    const std::string badB = "bad b= line: expected \"<type>:<number>\" with an unsigned 32-bit number";
+    const std::string badRtpmap = "bad a=rtpmap: expected \"<pt> <encoding>/<clock>[/<channels>]\" with pt 0..127";
+    const std::pair<std::string, std::string> cases[] = {
         {"", "empty description"},
         {"\r\n  \n", "empty description"},
         {std::string(65537, '\n'), "description over 65536 bytes"},
         {"v=0\n\nhello\n", "line 3: not a line of the form <letter>=<value>: \"hello\""},
         {"v=0\n1=one\n", "line 2: not a line of the form <letter>=<value>: \"1=one\""},
         {"v=0\r\nm=audio 65536 RTP/AVP 0\r\n", "line 2: port out of range 0..65535: \"m=audio 65536 RTP/AVP 0\""},
-        {"m=audio 99999999999999999999 RTP/AVP 0",
-         "line 1: port out of range 0..65535: \"m=audio 99999999999999999999 RTP/AVP 0\""},
-        {"m=audio -1 RTP/AVP 0", "line 1: port out of range 0..65535: \"m=audio -1 RTP/AVP 0\""},
-        {"m=audio 9 RTP/AVP", "line 1: no format: \"m=audio 9 RTP/AVP\""},
-        {"m=audio 9/x RTP/AVP 0",
-         "line 1: bad m= line: expected \"<media> <port>[/<count>] <protocol> <format>...\": \"m=audio 9/x RTP/AVP "
-         "0\""},
-        {"m=audio", "line 1: bad m= line: expected \"<media> <port>[/<count>] <protocol> <format>...\": \"m=audio\""},
-        {"c=IN IP4", "line 1: bad c= line: expected \"IN IP4|IP6 <address>\": \"c=IN IP4\""},
-        {"c=IN IP5 192.0.2.1", "line 1: bad c= line: expected \"IN IP4|IP6 <address>\": \"c=IN IP5 192.0.2.1\""},
-        {"c=IN IP4 192.0.2.1 x", "line 1: bad c= line: expected \"IN IP4|IP6 <address>\": \"c=IN IP4 192.0.2.1 x\""},
-        {"b=AS:4294967296",
-         "line 1: bad b= line: expected \"<type>:<number>\" with an unsigned 32-bit number: \"b=AS:4294967296\""},
-        {"b=:5", "line 1: bad b= line: expected \"<type>:<number>\" with an unsigned 32-bit number: \"b=:5\""},
-        {"b=AS", "line 1: bad b= line: expected \"<type>:<number>\" with an unsigned 32-bit number: \"b=AS\""},
-        {"a=", "line 1: attribute without a name: \"a=\""},
-        {"a=:x", "line 1: attribute without a name: \"a=:x\""},
-        {"a=rtpmap:128 AMR/8000",
-         "line 1: bad a=rtpmap: expected \"<pt> <encoding>/<clock>[/<channels>]\" with pt 0..127: \"a=rtpmap:128 "
-         "AMR/8000\""},
-        {"a=rtpmap:96 AMR",
-         "line 1: bad a=rtpmap: expected \"<pt> <encoding>/<clock>[/<channels>]\" with pt 0..127: \"a=rtpmap:96 AMR\""},
-        {"a=rtpmap:96 AMR/8000/x",
-         "line 1: bad a=rtpmap: expected \"<pt> <encoding>/<clock>[/<channels>]\" with pt 0..127: \"a=rtpmap:96 "
-         "AMR/8000/x\""},
-        {"a=fmtp:x mode-set=0",
-         "line 1: bad a=fmtp: expected \"<pt> <parameters>\" with pt 0..127: \"a=fmtp:x mode-set=0\""},
+        line1("m=audio 99999999999999999999 RTP/AVP 0", "port out of range 0..65535"),
+        line1("m=audio -1 RTP/AVP 0", "port out of range 0..65535"),
+        line1("m=audio 9 RTP/AVP", "no format"),
+        line1("m=audio 9/x RTP/AVP 0", badM),
+        line1("m=audio", badM),
+        line1("c=IN IP4", badC),
+        line1("c=IN IP5 192.0.2.1", badC),
+        line1("c=IN IP4 192.0.2.1 x", badC),
+        line1("b=AS:4294967296", badB),
+        line1("b=:5", badB),
+        line1("b=AS", badB),
+        line1("a=", "attribute without a name"),
+        line1("a=:x", "attribute without a name"),
+        line1("a=rtpmap:128 AMR/8000", badRtpmap),
+        line1("a=rtpmap:96 AMR", badRtpmap),
+        line1("a=rtpmap:96 AMR/8000/x", badRtpmap),
+        line1("a=fmtp:x mode-set=0", "bad a=fmtp: expected \"<pt> <parameters>\" with pt 0..127"),
         {"v=0\n" + longLine + "\r\n", "line 2: line over 4096 bytes: \"" + longLine.substr(0, 80) + "\"..."},
         {manyMedia, "line 66: more than 64 media sections: \"m=audio 9 RTP/AVP 0\""},
         {manyFormats, "line 1: more than 128 formats: \"" + manyFormats.substr(0, 80) + "\"..."},
         {"\x01x=\"\\\xff", "line 1: not a line of the form <letter>=<value>: \"\\x01x=\\x22\\x5c\\xff\""},
     };
     for (const auto& row : cases) {
-        SCOPED_TRACE(row.text.substr(0, 100));
+        SCOPED_TRACE(row.first.substr(0, 100));
         SessionDescription description = parsed("v=0\nm=audio 9 RTP/AVP 0\n");
         const SessionDescription before = description;
-        const Result result = SessionDescription::parse(row.text, description);
+        const Result result = SessionDescription::parse(row.first, description);
         EXPECT_EQ(Malformed, result.getCode());
-        EXPECT_EQ("Malformed description (Code 1004): " + row.message, result.format());
+        EXPECT_EQ("Malformed description (Code 1004): " + row.second, result.format());
         EXPECT_EQ(before, description);
     }
 }
