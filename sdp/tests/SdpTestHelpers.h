@@ -39,9 +39,7 @@ inline std::string codecs(const StreamConfig& stream, bool uplink) {
                 std::to_string(codec->getPacketTime()) + "/" + std::to_string(codec->getMaxPacketTime());
         if (const auto* amr = dynamic_cast<const AmrCodecConfig*>(codec)) {
             text += std::string(amr->isOctetAlignModeEnabled() ? " oa" : " be") + " rates";
-            for (const AmrRate rate : amr->getSupportedAmrRates()) {
-                text += " " + std::to_string(rate);
-            }
+            for (const AmrRate rate : amr->getSupportedAmrRates()) text += " " + std::to_string(rate);
             text += " crc" + std::to_string(amr->isCrcModeEnabled()) + " rs" +
                     std::to_string(amr->isRobustSortingModeEnabled()) + " il" +
                     std::to_string(amr->isInterleavingModeEnabled()) + " mcn" +

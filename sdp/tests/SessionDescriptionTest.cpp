@@ -73,13 +73,9 @@ TEST(SessionDescriptionTest, ReadsRealWorldTextAndWritesItInOrder) {
 TEST(SessionDescriptionTest, RefusesMalformedTextNamingTheLine) {
     const std::string longLine = "a=" + std::string(4095, 'x');
     std::string manyMedia = "v=0\n";
-    for (int i = 0; i < 65; ++i) {
-        manyMedia += "m=audio 9 RTP/AVP 0\n";
-    }
+    for (int i = 0; i < 65; ++i) manyMedia += "m=audio 9 RTP/AVP 0\n";
     std::string manyFormats = "m=audio 9 RTP/AVP";
-    for (int i = 0; i < 129; ++i) {
-        manyFormats += " 0";
-    }
+    for (int i = 0; i < 129; ++i) manyFormats += " 0";
     // A refusal of line 1 that quotes the whole line.
     const auto line1 = [](const std::string& line, const std::string& reason) {
         return std::pair<std::string, std::string>(line, "line 1: " + reason + ": \"" + line + "\"");
@@ -131,9 +127,7 @@ TEST(SessionDescriptionTest, RefusesMalformedTextNamingTheLine) {
 // The limits themselves are accepted.
 TEST(SessionDescriptionTest, AcceptsTextAtEachLimit) {
     std::string text = "v=0\r\na=" + std::string(4094, 'x') + "\r\nm=audio 9 RTP/AVP";
-    for (int i = 0; i < 128 + 63; ++i) {
-        text += i < 128 ? " 0" : "\r\nm=audio 9 RTP/AVP 0";
-    }
+    for (int i = 0; i < 128 + 63; ++i) text += i < 128 ? " 0" : "\r\nm=audio 9 RTP/AVP 0";
     text.append(65536 - text.size() - 1, '\n').append(1, ' ');  // 65536 bytes in all
     const SessionDescription description = parsed(text);
     EXPECT_EQ(64u, description.mediaCount());
@@ -197,9 +191,7 @@ TEST(SessionDescriptionTest, BuildsSectionsThatParseBack) {
         "m=audio 49152 RTP/AVP 96 100\r\nc=IN IP4 192.0.2.1\r\na=rtpmap:96 AMR-WB/16000/1\r\na=sendrecv\r\n";
     EXPECT_EQ(text, session.toString());
     EXPECT_EQ(session, parsed(text));
-    for (std::size_t count = 1; count < 64; ++count) {
-        EXPECT_TRUE(session.addMedia(audio).isSuccess());
-    }
+    for (std::size_t count = 1; count < 64; ++count) EXPECT_TRUE(session.addMedia(audio).isSuccess());
     EXPECT_EQ("Invalid Param (Code 1002): more than 64 media sections", session.addMedia(audio).format());
 }
 
@@ -209,9 +201,7 @@ TEST(SessionDescriptionTest, BuildsSectionsThatParseBack) {
 TEST(SessionDescriptionTest, AllocationsDoNotGrowWithTheLines) {
     const auto allocationsFor = [](int lines) {
         std::string level;
-        for (int i = 0; i < lines; ++i) {
-            level += "a=attribute:" + std::to_string(i) + " value\n";
-        }
+        for (int i = 0; i < lines; ++i) level += "a=attribute:" + std::to_string(i) + " value\n";
         const std::string text = "v=0\n" + level + "m=audio 9 RTP/AVP 0\n" + level + "m=audio 9 RTP/AVP 0\n" + level;
         SessionDescription description;
         const long before = allocations;
