@@ -245,6 +245,7 @@ TEST(OfferAnswerTest, Directions) {
         {S::FullDuplex, "", S::ReceiveOnly, true, 1, "recvonly", "c=IN IP4 192.0.2.9\na=sendonly\n"},
         // Hold by a null address: answered by the attribute, but nothing is sent.
         {S::FullDuplex, "", S::ReceiveOnly, false, 1, "sendrecv", "c=IN IP4 0.0.0.0\n"},
+        // The answer to our offer: a note where it grants more than the offer allowed.
         {S::FullDuplex, "", S::FullDuplex, true, 0},
         {S::SendOnly, "a=recvonly\n", S::SendOnly, true, 0},
         {S::SendOnly, "a=sendrecv\n", S::SendOnly, true, 1},
