@@ -30,7 +30,7 @@ required_symbols=("$@")
     'typeinfo for tessel::rva::AmrCodecConfig'
     'vtable for tessel::rva::StreamCapabilities')
 for required in "${required_symbols[@]}"; do
-    if ! printf '%s\n' "$symbols" | grep -q -F "$required"; then
+    if ! grep -q -F -- "$required" <<<"$symbols"; then
         echo "Not exported: $required"
         exit 1
     fi
