@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <string>
 
 #include "DtmfCodecConfig.h"
 #include "ExpectAbort.h"
@@ -18,7 +17,7 @@ struct NarrowOnlyConfig : CodecConfig {
 };
 
 // Every failing packet-time rule is reported, in order; a refused band leaves the old one.
-TEST(CodecConfigTest, CheckFoldsEveryFailingPacketTimeRuleAndRefusedBandsAreKeptOut) {
+TEST(CodecConfigTest, CheckRefusedBandsEqualityAndCopiesOfAllFiveFields) {
     const auto check = [](unsigned int packetTime, unsigned int maxPacketTime) {
         return NarrowOnlyConfig(CodecIdDtmf, BandTypeWb, 99, packetTime, maxPacketTime).check().format();
     };
@@ -31,19 +30,15 @@ TEST(CodecConfigTest, CheckFoldsEveryFailingPacketTimeRuleAndRefusedBandsAreKept
     NarrowOnlyConfig config(CodecIdDtmf, BandTypeNb, 99, 20, 240);
     EXPECT_EQ("Invalid Param (Code 1002): Bad band type: 1", config.setBandType(BandTypeWb).format());
     EXPECT_EQ(BandTypeNb, config.getBandType());
-}
-
-// Equality reads codec id, band and payload type, not the packet times. The assignment
-// copies all five fields, the codec id too, yet the object stays a DTMF one.
-TEST(CodecConfigTest, EqualityDtmfDefaultsAndCopiesOfAllFiveFields) {
+    // Equality reads codec id, band and payload type, not the packet times. The assignment
+    // copies all five fields, the codec id too, yet the object stays a DTMF one.
     DtmfCodecConfig dtmf;
     EXPECT_TRUE(dtmf == NarrowOnlyConfig(CodecIdDtmf, BandTypeWb, 99, 40, 60));
-    EXPECT_FALSE(dtmf == NarrowOnlyConfig(CodecIdAmr, BandTypeWb, 99, 20, 240));
-    EXPECT_FALSE(dtmf == NarrowOnlyConfig(CodecIdDtmf, BandTypeNb, 99, 20, 240));
-    EXPECT_FALSE(dtmf == NarrowOnlyConfig(CodecIdDtmf, BandTypeWb, 100, 20, 240));
+    EXPECT_FALSE(dtmf == NarrowOnlyConfig(CodecIdAmr, BandTypeWb, 99, 20, 240) ||
+                 dtmf == NarrowOnlyConfig(CodecIdDtmf, BandTypeNb, 99, 20, 240) ||
+                 dtmf == NarrowOnlyConfig(CodecIdDtmf, BandTypeWb, 100, 20, 240));
     EXPECT_EQ("Success", dtmf.check().format());
-    EXPECT_TRUE(dtmf.getBandType() == BandTypeWb && dtmf.getPayloadType() == 99 && dtmf.getPacketTime() == 20 &&
-                dtmf.getMaxPacketTime() == 240);
+    EXPECT_EQ(NarrowOnlyConfig(CodecIdDtmf, BandTypeWb, 99, 20, 240).toString(), dtmf.toString());
     const NarrowOnlyConfig source(CodecIdAmr, BandTypeNb, -5, 0, 4294967295U);
     static_cast<CodecConfig&>(dtmf) = source;
     std::unique_ptr<CodecConfig> clone(dtmf.clone());

@@ -11,18 +11,14 @@
 
 #include "ExpectAbort.h"
 
-namespace tessel::rva::common::tests {
-
-int clockError = 0;                      // clock_gettime fails with it when it is not 0,
-const timespec* clockReading = nullptr;  // else reads it when it is set, else the system clock
-
-}  // namespace tessel::rva::common::tests
+static int clockError = 0;                      // clock_gettime fails with it when it is not 0,
+static const timespec* clockReading = nullptr;  // else reads it when it is set, else the system clock
 
 // The library's calls resolve to this one too.
 extern "C" int clock_gettime(clockid_t id, timespec* time) noexcept {
-    using namespace tessel::rva::common::tests;
     if (clockError != 0) return errno = clockError, -1;
-    return clockReading != nullptr ? (*time = *clockReading, 0) : static_cast<int>(syscall(SYS_clock_gettime, id, time));
+    return clockReading != nullptr ? (*time = *clockReading, 0)
+                                   : static_cast<int>(syscall(SYS_clock_gettime, id, time));
 }
 
 namespace tessel::rva::common::tests {
@@ -36,7 +32,6 @@ TEST(MonotonicClockTest, ReadsWholeMillisecondsOfTheMonotonicClock) {
         EXPECT_EQ(expected[i], MonotonicClock::getTime());
     }
     clockReading = nullptr;
-    EXPECT_GT(MonotonicClock::getTime(), 0);
 }
 
 TEST(MonotonicClockDeathTest, UnreadableClockIsFatal) {

@@ -3,15 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
-#include <cstring>
-#include <ostream>
-#include <string>
-#include <string_view>
 
 namespace tessel::utilities::result::tests {
 
 enum TestCode : std::int32_t { Success = 1000, UnknownError, InvalidParam, InvalidConfiguration };
-struct TestTrait : tessel::utilities::result::ClassResultTrait<TestCode> {};
+struct TestTrait : ClassResultTrait<TestCode> {};
 typedef Result<TestTrait> TestResult;
 
 TestResult failure(TestCode code, const std::string& message, const std::string& context = "") {
@@ -21,11 +17,15 @@ TestResult failure(TestCode code, const std::string& message, const std::string&
     return result;
 }
 
+// An enumeration with its own text.
+enum Colour { Red, Green };
+std::ostream& operator<<(std::ostream& out, Colour colour) { return out << (colour == Red ? "red" : "green"); }
+
+// A message is what an output string stream prints, piece after piece: a null text prints
+// nothing, nullptr prints "nullptr", an enumeration with its own operator<< prints its
+// text, one without prints its number.
 TEST(ResultTest, FormatsDescriptionCodeMessageAndContext) {
-    const struct {
-        TestResult result;
-        const char* expected;
-    } rows[] = {
+    const std::pair<TestResult, const char*> rows[] = {
         {failure(Success, "text is ignored", "so is context"), "Success"},
         {TestResult(UnknownError), "Unknown error (Code 1001)"},
         {failure(InvalidParam, "abc"), "Invalid Param (Code 1002): abc"},
@@ -33,19 +33,8 @@ TEST(ResultTest, FormatsDescriptionCodeMessageAndContext) {
         {failure(InvalidConfiguration, "m", "x"), "Invalid Configuration (Code 1003): m {x}"},
         {TestResult(static_cast<TestCode>(1234)), "Invalid error (Unreachable) (Code 1234)"},
     };
-    for (const auto& row : rows) EXPECT_EQ(row.expected, row.result.format());
-    EXPECT_STREQ("Success", TestTrait::describe(Success));
+    for (const auto& [result, expected] : rows) EXPECT_EQ(expected, result.format());
     EXPECT_EQ(std::string(std::strerror(EINVAL)) + " (Code 22): path", (Result<ErrnoTrait>(EINVAL) << "path").format());
-}
-
-// An enumeration with its own text.
-enum Colour { Red, Green };
-std::ostream& operator<<(std::ostream& out, Colour colour) { return out << (colour == Red ? "red" : "green"); }
-
-// What an output string stream prints, piece after piece: a null text prints nothing,
-// nullptr prints "nullptr", an enumeration with its own operator<< prints its text, one
-// without prints its number.
-TEST(ResultTest, AppendsWhatAStringStreamPrintsWithoutSeparators) {
     const char* const noText = nullptr;
     TestResult result(InvalidParam);
     result << "Bad rate: " << 9 << ' ' << std::string("and") << -1 << 4294967295U << InvalidParam << 2.5 << noText

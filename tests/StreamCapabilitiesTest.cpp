@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-#include <vector>
-
 #include "AmrCodecCapabilities.h"
 #include "Counted.h"
 #include "DtmfCodecCapabilities.h"
@@ -38,9 +35,7 @@ TEST(StreamCapabilitiesTest, EqualityComparesRtcpProfileSetsAndCodecListsInOrder
     EXPECT_TRUE(original == make({&amr23, &dtmf}, {0, 1}));
     const StreamCapabilities different[] = {make({&amr23, &dtmf}, {1, 0, 1}, false), make({&amr23, &dtmf}, {0}),
                                             make({&dtmf, &amr23}), make({&amr32, &dtmf}), make({&amr23, &dtmf, &dtmf})};
-    for (const StreamCapabilities& other : different) {
-        EXPECT_TRUE(!(other == original) && original != other) << (&other - different);
-    }
+    for (const StreamCapabilities& other : different) EXPECT_TRUE(!(other == original) && original != other);
 }
 
 // Every codec held is a clone of its own, deleted exactly once, first to last: by
@@ -50,9 +45,8 @@ TEST(StreamCapabilitiesTest, EqualityComparesRtcpProfileSetsAndCodecListsInOrder
 TEST(StreamCapabilitiesTest, HoldsDistinctClonesDeletedOnceInOrderAndOnlyCopyFromItselfDropsThem) {
     const CountedDtmf counted;
     const auto ids = [](const StreamCapabilities& caps, std::vector<int>& out) -> std::vector<int>& {
-        for (size_t i = 0; i < caps.getCodecCapabilityCount(); ++i) {
+        for (size_t i = 0; i < caps.getCodecCapabilityCount(); ++i)
             out.push_back(CountedDtmf::idOf(caps.getCodecCapabilities(i)));
-        }
         return out;
     };
     std::vector<int> expected, held;

@@ -4,8 +4,7 @@
 //
 //   typedef rvatest::Counted<DtmfCodecConfig, CodecConfig> CountedCodec;
 //   list.add(new CountedCodec);  ...  EXPECT_EQ(1, CountedCodec::deletionsOf(id));
-#ifndef TESSEL_RVA_TESTS_COUNTED_H
-#define TESSEL_RVA_TESTS_COUNTED_H
+#pragma once
 
 #include <gtest/gtest.h>
 
@@ -43,5 +42,3 @@ void expectClone(const Interface* original, const Interface* copy) {
 }
 
 }  // namespace rvatest
-
-#endif  // TESSEL_RVA_TESTS_COUNTED_H

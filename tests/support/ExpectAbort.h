@@ -3,13 +3,10 @@
 // that matches `regex`. An exit() or any other signal fails the expectation.
 //
 //   EXPECT_ABORT(CodecConfig::checkCodecId(CodecIdAmr, CodecIdDtmf), "Expecting codec AMR");
-#ifndef TESSEL_RVA_TESTS_EXPECT_ABORT_H
-#define TESSEL_RVA_TESTS_EXPECT_ABORT_H
+#pragma once
 
 #include <gtest/gtest.h>
 
 #include <csignal>
 
 #define EXPECT_ABORT(statement, regex) EXPECT_EXIT(statement, ::testing::KilledBySignal(SIGABRT), regex)
-
-#endif  // TESSEL_RVA_TESTS_EXPECT_ABORT_H

@@ -2,41 +2,28 @@
 // liblog's host logger comes back. Each record notes how many bytes standard error held
 // when it was written, so that a test that also captures standard error (GoogleTest's
 // testing::internal::CaptureStderr) can tell which sink received a message first.
-#ifndef TESSEL_RVA_TESTS_LOG_CAPTURE_H
-#define TESSEL_RVA_TESTS_LOG_CAPTURE_H
+#pragma once
 
 #include <android/log.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <string>
-#include <vector>
 
 namespace rvatest {
 
-struct AndroidRecord {
-    int priority;
-    std::string tag;
-    std::string message;
-    long stderrBytesBefore;  // standard-error size when the record was written
-};
-
-class AndroidLogCapture {
-public:
+struct AndroidLogCapture {
     AndroidLogCapture() {
-        all().clear();
+        text.clear();
         __android_log_set_logger([](const __android_logger_data* data, const char* message) {
             std::fflush(stderr);
-            all().push_back({data->priority, data->tag ? data->tag : "", message, lseek(STDERR_FILENO, 0, SEEK_CUR)});
+            text += std::to_string(data->priority) + " " + (data->tag != nullptr ? data->tag : "") + ": " + message +
+                    " @" + std::to_string(lseek(STDERR_FILENO, 0, SEEK_CUR)) + "\n";
         });
     }
     ~AndroidLogCapture() { __android_log_set_logger(__android_log_stderr_logger); }
-    static std::vector<AndroidRecord>& all() {
-        static std::vector<AndroidRecord> records;
-        return records;
-    }
+    // Each record as "<priority> <tag>: <message> @<bytes that standard error held before it>\n".
+    static inline std::string text;
 };
 
 }  // namespace rvatest
-
-#endif  // TESSEL_RVA_TESTS_LOG_CAPTURE_H
