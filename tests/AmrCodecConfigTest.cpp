@@ -13,8 +13,6 @@
 
 namespace tessel::rva::tests {
 
-const AmrRate kNoRate = static_cast<AmrRate>(0xFFFFFFFF);
-
 // A configuration on `band` holding `rates`, each accepted by addAmrRate.
 AmrCodecConfig withRates(BandType band, const std::vector<int>& rates) {
     AmrCodecConfig config;
@@ -35,7 +33,7 @@ TEST(AmrCodecConfigTest, PreferredRateCheckAddAmrRateAndTextOfEveryField) {
         }
     }
     EXPECT_EQ(AmrRate8, withRates(BandTypeNb, {8}).getPreferedAmrRate());  // alone, so never compared
-    EXPECT_EQ(kNoRate, AmrCodecConfig().getPreferedAmrRate());
+    EXPECT_EQ(static_cast<AmrRate>(0xFFFFFFFF), AmrCodecConfig().getPreferedAmrRate());
 
     const std::string bad = "Invalid Configuration (Code 1003): ";
     EXPECT_EQ(bad + "Amr rate list is empty.", AmrCodecConfig().check().format());
@@ -47,7 +45,7 @@ TEST(AmrCodecConfigTest, PreferredRateCheckAddAmrRateAndTextOfEveryField) {
     config = withRates(BandTypeWb, {7, 2, 7});
     EXPECT_EQ("Success", config.check().format());
     EXPECT_EQ("Invalid Param (Code 1002): Bad amr rate: 9", config.addAmrRate(static_cast<AmrRate>(9)).format());
-    EXPECT_EQ(kNoRate, config.getAmrRate(2));
+    EXPECT_EQ(static_cast<AmrRate>(0xFFFFFFFF), config.getAmrRate(2));
     EXPECT_EQ(
         "    Codec: AMR (0)\n    BandType: 16kHz (1)\n    PayloadType: 98\n    PacketTime: 20\n    MaxPacketTime: 240\n"
         "    OctetAlignEnabled: 0\n    DtxModeEnabled: 1\n    RdcyEnabled: 0\n    MaxRdcy: 1\n    RateCount: 2\n"

@@ -8,7 +8,6 @@
 namespace tessel::rva::tests {
 
 typedef rvatest::Counted<DtmfCodecConfig, CodecConfig> CountedCodec;
-using rvatest::expectClone;
 
 // A list deletes what it holds exactly once, first to last: when cleared, when cloned
 // over, and with its stream, the downlink list before the uplink one.
@@ -26,8 +25,8 @@ TEST(CodecConfigListTest, OwnsOnlyWhatItAcceptsAndDeletesEachCodecOnceInOrder) {
     EXPECT_EQ("Invalid Param (Code 1002): Already present", list.add(held).format());
     copy.cloneContentFrom(list);
     copy.cloneContentFrom(copy);
-    for (size_t i = 0; i < 2; ++i) expectClone(list.get(i), copy.get(i));
-    std::vector<int> deleted = {held->mId, CountedCodec::idOf(copy.get(1))};
+    for (size_t i = 0; i < 2; ++i) rvatest::expectClone(list.get(i), copy.get(i));
+    std::vector<int> deleted = {held->mId, dynamic_cast<const CountedCodec&>(*copy.get(1)).mId};
     {
         StreamConfig stream;
         for (int payloadType : {1, 2, 3, 4}) {  // the downlink ones first

@@ -26,11 +26,10 @@ namespace tessel::rva::common::tests {
 // Seconds times 1000 plus whole milliseconds of the nanoseconds.
 TEST(MonotonicClockTest, ReadsWholeMillisecondsOfTheMonotonicClock) {
     const timespec readings[] = {{0, 999999}, {4000000, 123000000}};
-    const std::int64_t expected[] = {0, 4000000123};
-    for (int i = 0; i < 2; ++i) {
-        clockReading = &readings[i];
-        EXPECT_EQ(expected[i], MonotonicClock::getTime());
-    }
+    clockReading = &readings[0];
+    EXPECT_EQ(0, MonotonicClock::getTime());
+    clockReading = &readings[1];
+    EXPECT_EQ(4000000123, MonotonicClock::getTime());
     clockReading = nullptr;
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
 #include <new>
@@ -39,7 +40,6 @@ RVA_REPLACED void operator delete[](void* block, const std::nothrow_t&) noexcept
 namespace tessel::rva::tests {
 
 typedef rvatest::Counted<DtmfCodecConfig, CodecConfig> CountedCodec;
-using rvatest::expectClone;
 
 // A codec class of the caller's own, whose objects each equal themselves alone.
 struct SelfOnlyCodec : DtmfCodecConfig {
@@ -80,14 +80,14 @@ TEST(StreamConfigTest, CopiesCloneEveryCodecAndEveryFieldIsPrintedAndCountsInEqu
     ASSERT_TRUE(assigned.addDownlinkCodec(CountedCodec()).isSuccess());
     const int oldId = CountedCodec::lastId;
     assigned = source;
-    EXPECT_EQ(1, CountedCodec::deletionsOf(oldId));
+    EXPECT_EQ(1, std::count(CountedCodec::deleted.begin(), CountedCodec::deleted.end(), oldId));
     const CodecConfig* held = assigned.getDownlinkCodec(0);
     assigned = *&assigned;
     EXPECT_EQ(held, assigned.getDownlinkCodec(0));
     for (StreamConfig* copy : {&copied, &assigned}) {
         EXPECT_EQ(source.toString(), copy->toString());
-        expectClone(source.getUplinkCodec(0), copy->getUplinkCodec(0));
-        expectClone(source.getDownlinkCodec(0), copy->getDownlinkCodec(0));
+        rvatest::expectClone(source.getUplinkCodec(0), copy->getUplinkCodec(0));
+        rvatest::expectClone(source.getDownlinkCodec(0), copy->getDownlinkCodec(0));
     }
     for (int changed = 0; changed <= kSecondary; ++changed)
         EXPECT_EQ(changed == 0, source == sampleStream(changed)) << changed;
@@ -105,12 +105,11 @@ TEST(StreamConfigTest, CopiesCloneEveryCodecAndEveryFieldIsPrintedAndCountsInEqu
         EXPECT_TRUE(stream.addUplinkCodec(first).isSuccess() && stream.addUplinkCodec(second).isSuccess());
         return stream;
     };
-    const AmrCodecConfig amr;
-    const DtmfCodecConfig dtmf;
-    EXPECT_FALSE(uplinkOf(amr, dtmf) == uplinkOf(dtmf, amr));
-    EXPECT_FALSE(uplinkOf(amr, dtmf) == uplinkOf(amr, CountedCodec()));  // same fields, another class
-    const StreamConfig own = uplinkOf(amr, SelfOnlyCodec());
-    EXPECT_TRUE(own == own && !(own == uplinkOf(amr, SelfOnlyCodec())));
+    const StreamConfig amrDtmf = uplinkOf(AmrCodecConfig(), DtmfCodecConfig());
+    EXPECT_FALSE(amrDtmf == uplinkOf(DtmfCodecConfig(), AmrCodecConfig()));
+    EXPECT_FALSE(amrDtmf == uplinkOf(AmrCodecConfig(), CountedCodec()));  // same fields, another class
+    const StreamConfig own = uplinkOf(AmrCodecConfig(), SelfOnlyCodec());
+    EXPECT_TRUE(own == own && !(own == uplinkOf(AmrCodecConfig(), SelfOnlyCodec())));
 }
 
 // A codec is wanted in each active direction; then the first failing codec is reported,
@@ -160,7 +159,8 @@ TEST(StreamConfigTest, DefaultsAndRefusedSettersOrCodecsLeaveTheStreamUnchanged)
     const CountedCodec mine;
     EXPECT_EQ(invalid + "A codec with the same payload type 99 is already present",
               stream.addUplinkCodec(mine).format());
-    EXPECT_EQ(1, CountedCodec::deletionsOf(CountedCodec::lastId));  // the refused clone
+    // The refused clone is deleted, once.
+    EXPECT_EQ(1, std::count(CountedCodec::deleted.begin(), CountedCodec::deleted.end(), CountedCodec::lastId));
     EXPECT_EQ(sampleStream().toString(), stream.toString());
     EXPECT_TRUE(stream.setRemoteRtpPort(65535).isSuccess() && stream.setRemoteIp("::1").isSuccess());
     EXPECT_EQ(-1, stream.getRemoteRtcpPort());

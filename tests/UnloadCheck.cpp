@@ -12,9 +12,7 @@ int main(int argc, char** argv) {
     const PortTest isValidSocketPort =
         library ? reinterpret_cast<PortTest>(dlsym(library, "_ZN6tessel3rva5Utils17isValidSocketPortEi")) : nullptr;
     if (isValidSocketPort == nullptr || !isValidSocketPort(50000) || isValidSocketPort(80)) {
-        std::fprintf(stderr,
-                     "usage: %s <path of librvacommon.so>: the library's isValidSocketPort is missing or wrong\n",
-                     argv[0]);
+        std::fprintf(stderr, "usage: %s <librvacommon.so>: its isValidSocketPort is missing or wrong\n", argv[0]);
         return 1;
     }
     if (dlclose(library) != 0 || dlopen(argv[1], RTLD_NOW | RTLD_NOLOAD) != nullptr) {

@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <typeinfo>
 #include <vector>
 
@@ -19,16 +18,8 @@ class Counted : public Concrete {
 public:
     Counted() : mId(++lastId) {}
     Counted(const Counted& other) : Concrete(other), mId(++lastId) {}
-    Counted& operator=(const Counted&) = delete;
     ~Counted() override { deleted.push_back(mId); }
     Interface* clone() const noexcept override { return new Counted(*this); }
-
-    static long deletionsOf(int id) { return std::count(deleted.begin(), deleted.end(), id); }
-    // Id of `object` if it is a Counted one, 0 otherwise.
-    static int idOf(const Interface* object) {
-        const Counted* counted = dynamic_cast<const Counted*>(object);
-        return counted != nullptr ? counted->mId : 0;
-    }
 
     static inline int lastId = 0;                 // id of the most recently made object
     static inline std::vector<int> deleted = {};  // ids in order of deletion
