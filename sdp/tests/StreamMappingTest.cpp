@@ -187,11 +187,12 @@ TEST(StreamMappingTest, RefusalsLeaveTheStreamUnchanged) {
     }
 }
 
-// A stream that fails its check is handed back filled, so that it can be logged.
+// A stream that fails its check is handed back filled, so that it can be logged. The
+// description is a bare section: no session line at all, not even v=.
 TEST(StreamMappingTest, FailedCheckReturnsTheFilledStream) {
     StreamConfig stream;
     const SessionDescription remote =
-        described("audio 49170 RTP/AVP 96\na=rtpmap:96 AMR-WB/16000\na=ptime:60\na=maxptime:40\n");
+        parsed("m=audio 49170 RTP/AVP 96\nc=IN IP4 192.0.2.1\na=rtpmap:96 AMR-WB/16000\na=ptime:60\na=maxptime:40\n");
     EXPECT_EQ(
         "Invalid Configuration (Code 1003): Invalid Configuration (Code 1003): Invalid Configuration (Code "
         "1003): Packet time '60' must be lesser or equal than max packet time '40'",
