@@ -7,8 +7,7 @@
 namespace tessel::utilities::result::tests {
 
 enum TestCode : std::int32_t { Success = 1000, UnknownError, InvalidParam, InvalidConfiguration };
-struct TestTrait : ClassResultTrait<TestCode> {};
-typedef Result<TestTrait> TestResult;
+typedef Result<ClassResultTrait<TestCode>> TestResult;
 
 TestResult failure(TestCode code, const std::string& message, const std::string& context = "") {
     TestResult result(code);
@@ -25,6 +24,8 @@ std::ostream& operator<<(std::ostream& out, Colour colour) { return out << (colo
 // text, one without prints its number.
 TEST(ResultTest, FormatsDescriptionCodeMessageContextAndFoldedChains) {
     EXPECT_EQ("Success", failure(Success, "text is ignored", "so is context").format());
+    // format() of a success does not ask the trait.
+    EXPECT_STREQ("Success", ClassResultTrait<TestCode>::describe(Success));
     EXPECT_EQ("Unknown error (Code 1001)", TestResult(UnknownError).format());
     EXPECT_EQ("Invalid Param (Code 1002): abc", failure(InvalidParam, "abc").format());
     EXPECT_EQ("Invalid Param (Code 1002): {x}", failure(InvalidParam, "", "x").format());
