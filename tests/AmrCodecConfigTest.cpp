@@ -33,6 +33,7 @@ TEST(AmrCodecConfigTest, PreferredRateCheckAddAmrRateAndTextOfEveryField) {
         }
     }
     EXPECT_EQ(AmrRate8, withRates(BandTypeNb, {8}).getPreferedAmrRate());  // alone, so never compared
+    // An empty list, or an index past its end, reads as "no rate": all bits set.
     EXPECT_EQ(static_cast<AmrRate>(0xFFFFFFFF), AmrCodecConfig().getPreferedAmrRate());
 
     const std::string bad = "Invalid Configuration (Code 1003): ";
