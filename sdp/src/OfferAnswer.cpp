@@ -685,9 +685,13 @@ Result applyAnswer(const MediaDescription& ourOffer, const SessionDescription& a
     BandType band = BandTypeWb;
     for (std::size_t i = 0; i < answered.formats().size() && !voice; ++i) {
         const std::optional<int> payloadType = payloadTypeOf(answered.formats()[i]);
-        if (payloadType && rules::payloadFormat(answered, *payloadType).kind == rules::PayloadFormat::Amr) {
+        if (!payloadType) {
+            continue;
+        }
+        const rules::PayloadFormat format = rules::payloadFormat(answered, *payloadType);
+        if (format.kind == rules::PayloadFormat::Amr) {
             voice = payloadType;
-            band = rules::payloadFormat(answered, *payloadType).band;
+            band = format.band;
         }
     }
     if (!voice) {
